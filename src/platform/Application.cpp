@@ -1,0 +1,79 @@
+#include "platform/Application.h"
+
+#include "platform/Form.h"
+#include "platform/MsgBox.h"
+#include "platform/Process.h"
+#include "platform/RuntimeError.h"
+
+#include <QKeyEvent>
+#include <QLocale>
+#include <memory>
+
+void pinLocale() {
+    QLocale::setDefault(QLocale(QLocale::Portuguese, QLocale::Brazil));
+}
+
+Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
+    pinLocale();
+    setApplicationName(programTitle());
+    setQuitOnLastWindowClosed(false); // the screens decide when the program ends (see Form)
+}
+
+void reportUnhandledError(const RuntimeError& error) {
+    MsgBox(QStringLiteral("Run-time error '%1':\n\n%2").arg(error.Number).arg(error.Description), vbCritical,
+           programTitle());
+    endProcess(1);
+}
+
+namespace {
+Form* formOf(QObject* receiver) {
+    if (!receiver->isWidgetType())
+        return nullptr;
+    return qobject_cast<Form*>(static_cast<QWidget*>(receiver)->window());
+}
+} // namespace
+
+bool Application::notify(QObject* receiver, QEvent* event) {
+    try {
+        switch (event->type()) {
+        case QEvent::KeyPress:
+            if (Form* form = formOf(receiver)) {
+                std::unique_ptr<QKeyEvent> replacement;
+                if (form->previewKeyPress(static_cast<QWidget*>(receiver), static_cast<QKeyEvent*>(event),
+                                          &replacement))
+                    return true;
+                if (replacement)
+                    return QApplication::notify(receiver, replacement.get());
+            }
+            break;
+        case QEvent::KeyRelease:
+            if (Form* form = formOf(receiver))
+                if (form->previewKeyRelease(static_cast<QWidget*>(receiver), static_cast<QKeyEvent*>(event)))
+                    return true;
+            break;
+        case QEvent::FocusIn:
+        case QEvent::FocusOut: {
+            const bool result = QApplication::notify(receiver, event);
+            if (Form* form = formOf(receiver))
+                form->focusChanged(static_cast<QWidget*>(receiver), event->type() == QEvent::FocusIn);
+            return result;
+        }
+        default:
+            break;
+        }
+        return QApplication::notify(receiver, event);
+    } catch (const RuntimeError& error) {
+        try {
+            reportUnhandledError(error);
+        } catch (const ProcessEnded&) {
+        }
+    } catch (const ProcessEnded&) {
+        // A test's replaced end: the handler has seen it.
+    } catch (const std::exception& other) {
+        try {
+            reportUnhandledError(RuntimeError(vbErr::InvalidCall, QString::fromLocal8Bit(other.what())));
+        } catch (const ProcessEnded&) {
+        }
+    }
+    return true;
+}

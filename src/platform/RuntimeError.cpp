@@ -1,0 +1,40 @@
+#include "platform/RuntimeError.h"
+
+#include <QHash>
+
+RuntimeError::RuntimeError(int number, QString description)
+    : Number(number), Description(std::move(description)),
+      m_what(QStringLiteral("%1 : %2").arg(Description).arg(Number).toUtf8()) {}
+
+QString errorDescription(int number) {
+    static const QHash<int, QString> texts = {
+        {vbErr::InvalidCall, QStringLiteral("Invalid procedure call or argument")},
+        {vbErr::Overflow, QStringLiteral("Overflow")},
+        {vbErr::SubscriptOutOfRange, QStringLiteral("Subscript out of range")},
+        {vbErr::TypeMismatch, QStringLiteral("Type mismatch")},
+        {vbErr::BadFileName, QStringLiteral("Bad file name or number")},
+        {vbErr::FileNotFound, QStringLiteral("File not found")},
+        {vbErr::PathNotFound, QStringLiteral("Path not found")},
+        {vbErr::ObjectNotSet, QStringLiteral("Object variable or With block variable not set")},
+        {vbErr::InvalidUseOfNull, QStringLiteral("Invalid use of Null")},
+        {vbErr::TextReadOnly, QStringLiteral("'Text' property is read-only")},
+        {vbErr::NoCurrentRecord,
+         QStringLiteral("Either BOF or EOF is True, or the current record has been deleted. Requested "
+                        "operation requires a current record.")},
+        {vbErr::ItemNotFound, QStringLiteral("Item cannot be found in the collection corresponding to the "
+                                             "requested name or ordinal.")},
+        {vbErr::ObjectClosed, QStringLiteral("Operation is not allowed when the object is closed.")},
+        {vbErr::RowNotLocated, QStringLiteral("Row cannot be located for updating. Some values may have "
+                                              "been changed since it was last read.")},
+        {vbErr::AutomationException, QStringLiteral("Exception occurred.")},
+    };
+    return texts.value(number);
+}
+
+void raiseError(int number, const QString& description) {
+    throw RuntimeError(number, description.isEmpty() ? errorDescription(number) : description);
+}
+
+QString describe(const RuntimeError& error) {
+    return error.Description + QStringLiteral(" : ") + QString::number(error.Number);
+}

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "platform/Form.h"
+
+class QFrame;
+class QLabel;
+
+// The start-up screen: refuses a second copy, gives the updater its turn, shows the version and
+// walks through the start-up steps.
+class Frm_Splash : public Form {
+    Q_OBJECT
+
+public:
+    Frm_Splash();
+    static Frm_Splash& instance() { return defaultInstance<Frm_Splash>(); }
+
+    QFrame* Frame1;
+    QLabel* Image1;
+    QLabel* lblWarning;
+    QLabel* lblVersion;
+
+protected:
+    void Form_Load() override;
+};

@@ -1,0 +1,185 @@
+#include "platform/Form.h"
+#include "platform/RuntimeError.h"
+#include "support/Support.h"
+#include "support/TestMain.h"
+
+#include <QLineEdit>
+#include <QTest>
+
+namespace {
+// A screen that records what it sees and can be told to swallow, change or fail.
+class Frm_Teste : public Form {
+    Q_OBJECT
+
+public:
+    Frm_Teste() {
+        KeyPreview = true;
+        Text_a = new QLineEdit(this);
+        Text_a->setObjectName(QStringLiteral("Text_a"));
+    }
+    static Frm_Teste& instance() { return defaultInstance<Frm_Teste>(); }
+
+    QLineEdit* Text_a;
+    QStringList log;
+    int swallowCode = -1;
+    int changeFrom = 0, changeTo = 0;
+    bool failOnKey = false;
+    bool unloadOnEscape = false;
+    bool cancelUnload = false;
+
+protected:
+    void Form_Load() override { log << QStringLiteral("Load"); }
+    void Form_Activate() override { log << QStringLiteral("Activate"); }
+    void Form_Unload(int& Cancel) override {
+        log << QStringLiteral("Unload");
+        if (cancelUnload)
+            Cancel = 1;
+    }
+    void Form_KeyDown(int& KeyCode, int Shift) override {
+        log << QStringLiteral("KeyDown %1 %2").arg(KeyCode).arg(Shift);
+        if (failOnKey)
+            raiseError(vbErr::Overflow);
+        if (KeyCode == swallowCode)
+            KeyCode = 0;
+        if (KeyCode == 27 && unloadOnEscape)
+            Unload();
+    }
+    void Form_KeyPress(int& KeyAscii) override {
+        log << QStringLiteral("KeyPress %1").arg(KeyAscii);
+        if (KeyAscii == changeFrom)
+            KeyAscii = changeTo;
+    }
+    void Control_KeyPress(QWidget* ctl, int& KeyAscii) override {
+        log << QStringLiteral("%1_KeyPress %2").arg(ctl->objectName()).arg(KeyAscii);
+    }
+    void Control_KeyUp(QWidget* ctl, int& KeyCode, int) override {
+        log << QStringLiteral("%1_KeyUp %2").arg(ctl->objectName()).arg(KeyCode);
+    }
+};
+
+class Frm_Filho : public Form {
+    Q_OBJECT
+
+public:
+    static Frm_Filho& instance() { return defaultInstance<Frm_Filho>(); }
+};
+} // namespace
+
+class TestForm : public QObject {
+    Q_OBJECT
+
+private slots:
+    void keyCodes_data() {
+        QTest::addColumn<int>("key");
+        QTest::addColumn<int>("modifiers");
+        QTest::addColumn<int>("code");
+        QTest::newRow("F1") << int(Qt::Key_F1) << 0 << 112;
+        QTest::newRow("F2") << int(Qt::Key_F2) << 0 << 113;
+        QTest::newRow("Escape") << int(Qt::Key_Escape) << 0 << 27;
+        QTest::newRow("Enter") << int(Qt::Key_Return) << 0 << 13;
+        QTest::newRow("keypad Enter") << int(Qt::Key_Enter) << int(Qt::KeypadModifier) << 13;
+        QTest::newRow("digit 7") << int(Qt::Key_7) << 0 << 55;
+        QTest::newRow("keypad 7") << int(Qt::Key_7) << int(Qt::KeypadModifier) << 103;
+        QTest::newRow("keypad plus") << int(Qt::Key_Plus) << int(Qt::KeypadModifier) << 107;
+        QTest::newRow("keypad minus") << int(Qt::Key_Minus) << int(Qt::KeypadModifier) << 109;
+        QTest::newRow("backspace") << int(Qt::Key_Backspace) << 0 << 8;
+        QTest::newRow("letter S") << int(Qt::Key_S) << int(Qt::ControlModifier) << 83;
+        QTest::newRow("Delete") << int(Qt::Key_Delete) << 0 << 46;
+    }
+    void keyCodes() {
+        QFETCH(int, key);
+        QFETCH(int, modifiers);
+        QFETCH(int, code);
+        QKeyEvent event(QEvent::KeyPress, key, Qt::KeyboardModifiers(modifiers));
+        QCOMPARE(Form::vbKeyCode(&event), code);
+    }
+
+    void defaultInstanceIsLoadedOnceAndRenewedAfterUnload() {
+        TestEnvironment env;
+        QVERIFY(!Form::isLoaded<Frm_Teste>());
+        Frm_Teste* first = &Frm_Teste::instance();
+        QCOMPARE(first->log, QStringList{QStringLiteral("Load")});
+        QCOMPARE(&Frm_Teste::instance(), first);
+        first->Unload();
+        QVERIFY(!Form::isLoaded<Frm_Teste>());
+        QVERIFY(&Frm_Teste::instance() != first);
+    }
+
+    void unloadCanBeCancelled() {
+        TestEnvironment env;
+        Frm_Teste& f = Frm_Teste::instance();
+        f.cancelUnload = true;
+        f.Unload();
+        QVERIFY(Form::isLoaded<Frm_Teste>());
+    }
+
+    void keyPreviewSeesTheKeyFirstAndCanSwallowIt() {
+        TestEnvironment env;
+        Frm_Teste& f = Frm_Teste::instance();
+        f.Show();
+        f.Text_a->setFocus();
+        f.log.clear();
+        QTest::keyClick(f.Text_a, Qt::Key_5);
+        QCOMPARE(f.Text_a->text(), QStringLiteral("5"));
+        QCOMPARE(f.log,
+                 (QStringList{QStringLiteral("KeyDown 53 0"), QStringLiteral("KeyPress 53"),
+                              QStringLiteral("Text_a_KeyPress 53"), QStringLiteral("Text_a_KeyUp 53")}));
+        f.swallowCode = 54;
+        QTest::keyClick(f.Text_a, Qt::Key_6);
+        QCOMPARE(f.Text_a->text(), QStringLiteral("5"));
+    }
+
+    void keyPressCanChangeTheCharacter() {
+        TestEnvironment env;
+        Frm_Teste& f = Frm_Teste::instance();
+        f.Show();
+        f.changeFrom = 'a';
+        f.changeTo = 'A';
+        QTest::keyClicks(f.Text_a, QStringLiteral("abc"));
+        QCOMPARE(f.Text_a->text(), QStringLiteral("Abc"));
+    }
+
+    void escapeDoesNothingUnlessTheScreenSaysSo() {
+        TestEnvironment env;
+        Frm_Teste& f = Frm_Teste::instance();
+        f.Show();
+        QTest::keyClick(f.Text_a, Qt::Key_Escape);
+        QVERIFY(Form::isLoaded<Frm_Teste>());
+        QVERIFY(f.isVisible());
+        f.unloadOnEscape = true;
+        QTest::keyClick(f.Text_a, Qt::Key_Escape);
+        QVERIFY(!Form::isLoaded<Frm_Teste>());
+    }
+
+    void modalShowReturnsAfterUnloadAndReactivatesTheParent() {
+        TestEnvironment env;
+        Frm_Teste& parent = Frm_Teste::instance();
+        parent.Show();
+        QCOMPARE(parent.log, (QStringList{QStringLiteral("Load"), QStringLiteral("Activate")}));
+        bool seen = false;
+        onNextModal<Frm_Filho>([&](Frm_Filho* child) {
+            seen = true;
+            child->Unload();
+        });
+        Frm_Filho::instance().ShowModal();
+        QVERIFY(seen);
+        QCOMPARE(parent.log.last(), QStringLiteral("Activate"));
+        QCOMPARE(parent.log.count(QStringLiteral("Activate")), 2);
+    }
+
+    void errorInAKeyHandlerReachesTheReportAndEndsTheProcess() {
+        TestEnvironment env;
+        Frm_Teste& f = Frm_Teste::instance();
+        f.Show();
+        f.failOnKey = true;
+        QTest::keyClick(f.Text_a, Qt::Key_1);
+        QVERIFY(processEnded());
+        QCOMPARE(boxes().size(), 1);
+        QCOMPARE(boxes().first().prompt, QStringLiteral("Run-time error '6':\n\nOverflow"));
+        QCOMPARE(boxes().first().title, QStringLiteral("Zarvel"));
+        QVERIFY(f.Text_a->text().isEmpty());
+    }
+};
+
+ZARVEL_TEST(TestForm)
+#include "tst_form.moc"

@@ -1,0 +1,110 @@
+#include "support/Support.h"
+
+#include "platform/Clock.h"
+#include "platform/Form.h"
+#include "platform/Paths.h"
+#include "platform/Process.h"
+#include "startup/variaveisGlobais.h"
+
+#include <QDir>
+#include <QPointer>
+#include <QTimer>
+
+namespace {
+QList<int> s_answers;
+QList<MsgBoxRecord> s_boxes;
+bool s_ended = false;
+int s_endCode = 0;
+
+int answerBox(const MsgBoxRecord& box) {
+    s_boxes.append(box);
+    if (!s_answers.isEmpty())
+        return s_answers.takeFirst();
+    return (box.style & 0x7) == vbYesNo ? vbYes : vbOK;
+}
+} // namespace
+
+TestEnvironment::TestEnvironment() {
+    QDir root(m_dir.path());
+    root.mkpath(QStringLiteral("program"));
+    root.mkpath(QStringLiteral("machine"));
+    root.mkpath(QStringLiteral("updater"));
+    setProgramFolder(programFolder());
+    setMachineFolder(machineFolder());
+    setUpdaterFolder(updaterFolder());
+    limparVariaveisGlobais();
+    setAgora(testMoment());
+    setEsperasInstantaneas(true);
+    s_answers.clear();
+    s_boxes.clear();
+    setMsgBoxHook(answerBox);
+    clearProcessEnd();
+    setEndProcessHandler([](int code) {
+        s_ended = true;
+        s_endCode = code;
+    });
+}
+
+TestEnvironment::~TestEnvironment() {
+    Form::unloadAll();
+    limparVariaveisGlobais();
+    setMsgBoxHook(nullptr);
+    setEndProcessHandler(nullptr);
+    setAgora(QDateTime());
+    setEsperasInstantaneas(false);
+    setProgramFolder(QString());
+    setMachineFolder(QString());
+    setUpdaterFolder(QString());
+}
+
+QString TestEnvironment::programFolder() const {
+    return m_dir.filePath(QStringLiteral("program"));
+}
+QString TestEnvironment::machineFolder() const {
+    return m_dir.filePath(QStringLiteral("machine"));
+}
+QString TestEnvironment::updaterFolder() const {
+    return m_dir.filePath(QStringLiteral("updater"));
+}
+QString TestEnvironment::scratchPath(const QString& name) const {
+    return m_dir.filePath(name);
+}
+
+void queueAnswer(int answer) {
+    s_answers.append(answer);
+}
+QList<MsgBoxRecord> boxes() {
+    return s_boxes;
+}
+void clearBoxes() {
+    s_boxes.clear();
+}
+
+bool processEnded() {
+    return s_ended;
+}
+int processEndCode() {
+    return s_endCode;
+}
+void clearProcessEnd() {
+    s_ended = false;
+    s_endCode = 0;
+}
+
+void onNextModalWidget(std::function<bool(QWidget*)> match, std::function<void(QWidget*)> action) {
+    auto* timer = new QTimer(qApp);
+    timer->setInterval(5);
+    QObject::connect(timer, &QTimer::timeout, timer, [timer, match, action] {
+        QWidget* modal = QApplication::activeModalWidget();
+        if (!modal || !modal->isVisible() || !match(modal))
+            return;
+        timer->stop();
+        timer->deleteLater();
+        action(modal);
+    });
+    timer->start();
+}
+
+QDateTime testMoment(int seconds) {
+    return QDateTime(QDate(2024, 3, 5), QTime(12, 0, 0)).addSecs(seconds);
+}
