@@ -6,9 +6,11 @@
 #include "platform/Process.h"
 #include "startup/variaveisGlobais.h"
 
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QPointer>
 #include <QTimer>
+#include <memory>
 
 namespace {
 QList<int> s_answers;
@@ -94,10 +96,17 @@ void clearProcessEnd() {
 void onNextModalWidget(std::function<bool(QWidget*)> match, std::function<void(QWidget*)> action) {
     auto* timer = new QTimer(qApp);
     timer->setInterval(5);
-    QObject::connect(timer, &QTimer::timeout, timer, [timer, match, action] {
+    auto deadline = std::make_shared<QDeadlineTimer>(10000);
+    QObject::connect(timer, &QTimer::timeout, timer, [timer, match, action, deadline] {
         QWidget* modal = QApplication::activeModalWidget();
-        if (!modal || !modal->isVisible() || !match(modal))
+        if (!modal || !modal->isVisible() || !match(modal)) {
+            if (deadline->hasExpired()) {
+                qWarning("onNextModal: the expected modal screen never came up");
+                timer->stop();
+                timer->deleteLater();
+            }
             return;
+        }
         timer->stop();
         timer->deleteLater();
         action(modal);
