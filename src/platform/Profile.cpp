@@ -1,0 +1,174 @@
+#include "platform/Profile.h"
+
+#include <QFile>
+#include <QList>
+#include <QSaveFile>
+
+// Choices where the original is not pinned down: lines this code writes end in CR LF, a rewritten
+// key line keeps the end it had; a key line is rewritten with the key as the caller spells it; a
+// new key goes right after the section's last key line (after its header when it has none), blank
+// and ";" lines being no key lines; only the first section of a name counts; a line without "=" is
+// a key with an empty value; characters outside Windows-1252 are written as "?"; nothing is ever
+// deleted (an empty value writes "key=").
+
+namespace {
+// Windows-1252 where it differs from Latin-1: 0x80..0x9F (the five holes map to themselves).
+constexpr char16_t kHigh[32] = {0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+                                0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
+                                0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
+                                0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+
+QString decode(const QByteArray& bytes) {
+    QString text;
+    text.reserve(bytes.size());
+    for (const char b : bytes) {
+        const uchar u = uchar(b);
+        text += (u >= 0x80 && u < 0xA0) ? QChar(kHigh[u - 0x80]) : QChar(u);
+    }
+    return text;
+}
+
+QByteArray encode(const QString& text) {
+    QByteArray bytes;
+    bytes.reserve(text.size());
+    for (const QChar c : text) {
+        const char16_t u = c.unicode();
+        char b = '?';
+        if (u < 0x80 || (u >= 0xA0 && u <= 0xFF))
+            b = char(u);
+        for (int i = 0; i < 32; ++i)
+            if (kHigh[i] == u)
+                b = char(0x80 + i);
+        bytes += b;
+    }
+    return bytes;
+}
+
+const QByteArray kLineEnd = QByteArrayLiteral("\r\n");
+
+// A line of the file as it stands, with its own end ("\r\n", "\n", or none on the last line).
+struct Line {
+    QByteArray text;
+    QByteArray end;
+};
+
+QList<Line> splitLines(const QByteArray& data) {
+    QList<Line> lines;
+    qsizetype start = 0;
+    while (start < data.size()) {
+        const qsizetype newline = data.indexOf('\n', start);
+        if (newline < 0) {
+            lines << Line{data.mid(start), QByteArray()};
+            break;
+        }
+        const bool cr = newline > start && data[newline - 1] == '\r';
+        lines << Line{data.mid(start, newline - start - (cr ? 1 : 0)),
+                      cr ? kLineEnd : QByteArrayLiteral("\n")};
+        start = newline + 1;
+    }
+    return lines;
+}
+
+bool sameName(const QString& inFile, const QString& asked) {
+    return inFile.compare(asked.trimmed(), Qt::CaseInsensitive) == 0;
+}
+
+// "[name]" gives the name; any other line a null string.
+QString sectionName(const QString& line) {
+    const QString t = line.trimmed();
+    if (!t.startsWith(u'['))
+        return QString();
+    const qsizetype close = t.indexOf(u']');
+    return t.mid(1, close < 0 ? -1 : close - 1).trimmed();
+}
+
+// Where a key stands in the file: its section's header, the section's last key line, the key line.
+struct Place {
+    int section = -1;
+    int lastKey = -1;
+    int key = -1;
+    QString value;
+};
+
+Place locate(const QList<Line>& lines, const QString& section, const QString& key) {
+    Place place;
+    for (int i = 0; i < lines.size(); ++i) {
+        const QString text = decode(lines[i].text);
+        const QString name = sectionName(text);
+        if (!name.isNull()) {
+            if (place.section >= 0)
+                break;
+            if (sameName(name, section))
+                place.section = place.lastKey = i;
+            continue;
+        }
+        const QString t = text.trimmed();
+        if (place.section < 0 || t.isEmpty() || t.startsWith(u';'))
+            continue;
+        place.lastKey = i;
+        const qsizetype equals = t.indexOf(u'=');
+        if (!sameName(t.left(equals).trimmed(), key))
+            continue;
+        place.key = i;
+        QString value = equals < 0 ? QString() : t.mid(equals + 1).trimmed();
+        if (value.size() >= 2 && value.startsWith(u'"') && value.endsWith(u'"'))
+            value = value.mid(1, value.size() - 2);
+        place.value = value;
+        break;
+    }
+    return place;
+}
+
+// A missing file reads as empty; false only for one that is there and can't be read.
+bool readLines(const QString& file, QList<Line>& lines) {
+    QFile f(file);
+    if (!f.exists())
+        return true;
+    if (!f.open(QIODevice::ReadOnly))
+        return false;
+    lines = splitLines(f.readAll());
+    return true;
+}
+} // namespace
+
+int GetPrivateProfileString(const QString& section, const QString& key, const QString& defaultValue,
+                            QString& out, int size, const QString& file) {
+    QList<Line> lines;
+    readLines(file, lines);
+    const Place place = locate(lines, section, key);
+    const QString value = place.key >= 0 ? place.value : defaultValue;
+    out = size > 0 ? value.left(size - 1) : QString();
+    return int(out.size());
+}
+
+bool WritePrivateProfileString(const QString& section, const QString& key, const QString& value,
+                               const QString& file) {
+    QList<Line> lines;
+    if (!readLines(file, lines))
+        return false;
+    const Place place = locate(lines, section, key);
+    const QByteArray entry = encode(key.trimmed() + u'=' + value);
+    if (place.key >= 0) {
+        Line& line = lines[place.key];
+        line = Line{entry, line.end.isEmpty() ? kLineEnd : line.end};
+    } else {
+        // A line we put something after must end first.
+        const int after = place.section >= 0 ? place.lastKey : int(lines.size()) - 1;
+        if (after >= 0 && lines[after].end.isEmpty())
+            lines[after].end = kLineEnd;
+        if (place.section >= 0) {
+            lines.insert(after + 1, Line{entry, kLineEnd});
+        } else {
+            lines << Line{encode(u'[' + section.trimmed() + u']'), kLineEnd};
+            lines << Line{entry, kLineEnd};
+        }
+    }
+    QByteArray data;
+    for (const Line& line : lines)
+        data += line.text + line.end;
+    QSaveFile f(file);
+    if (!f.open(QIODevice::WriteOnly))
+        return false;
+    f.write(data);
+    return f.commit();
+}
