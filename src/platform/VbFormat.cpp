@@ -272,10 +272,12 @@ QString formatNumberPattern(const Decimal& number, const QString& pattern) {
 }
 
 QString formatDatePattern(const QDateTime& dt, const QString& pattern) {
-    const QString lower = pattern.toLower();
+    auto startsHere = [&](qsizetype i, const char16_t* word) {
+        return QStringView(pattern).mid(i).startsWith(QStringView(word), Qt::CaseInsensitive);
+    };
     QList<DatePart> parts;
     for (qsizetype i = 0; i < pattern.size();) {
-        const QChar c = lower[i];
+        const QChar c = pattern[i].toLower();
         if (c == u'"') {
             qsizetype end = pattern.indexOf(u'"', i + 1);
             if (end < 0)
@@ -285,13 +287,13 @@ QString formatDatePattern(const QDateTime& dt, const QString& pattern) {
         } else if (c == u'\\') {
             parts << DatePart{QChar(), 0, pattern.mid(i + 1, 1)};
             i += 2;
-        } else if (lower.mid(i, 5) == u"am/pm" || lower.mid(i, 3) == u"a/p") {
-            const int length = lower.mid(i, 5) == u"am/pm" ? 5 : 3;
+        } else if (startsHere(i, u"am/pm") || startsHere(i, u"a/p")) {
+            const int length = startsHere(i, u"am/pm") ? 5 : 3;
             parts << DatePart{u'a', length, pattern.mid(i, length)};
             i += length;
         } else if (QStringLiteral("dmyhnswq").contains(c)) {
             qsizetype end = i;
-            while (end < lower.size() && lower[end] == c)
+            while (end < pattern.size() && pattern[end].toLower() == c)
                 ++end;
             parts << DatePart{c, int(end - i), QString()};
             i = end;

@@ -71,6 +71,14 @@ bool isBlank(QChar c) {
     return c == u' ' || c == u'\t';
 }
 
+// Where the run of digits of base 16 or 8 that starts at `from` ends.
+qsizetype radixEnd(const QString& s, qsizetype from, int base) {
+    const QString digits = QStringLiteral("0123456789ABCDEF").left(base);
+    while (from < s.size() && digits.contains(s[from].toUpper()))
+        ++from;
+    return from;
+}
+
 QString trimBlanks(const QString& text) {
     qsizetype begin = 0, end = text.size();
     while (begin < end && isBlank(text[begin]))
@@ -91,10 +99,10 @@ bool readNumber(const QString& text, double& out) {
     if (s.size() > 2 && s[0] == u'&') {
         const QChar b = s[1].toUpper();
         const int base = b == u'H' ? 16 : b == u'O' ? 8 : 0;
-        bool ok = false;
-        const qulonglong v = base ? s.mid(2).toULongLong(&ok, base) : 0;
-        out = double(v);
-        return ok;
+        if (base == 0 || radixEnd(s, 2, base) != s.size())
+            return false;
+        out = double(s.mid(2).toULongLong(nullptr, base));
+        return true;
     }
     const qsizetype n = s.size();
     qsizetype i = 0;
@@ -459,12 +467,8 @@ double Val(const QString& text) {
         if (c != u' ' && c != u'\t' && c != u'\n')
             s += c;
     if (s.size() > 1 && s[0] == u'&' && (s[1].toUpper() == u'H' || s[1].toUpper() == u'O')) {
-        const bool hex = s[1].toUpper() == u'H';
-        qsizetype end = 2;
-        while (end < s.size() &&
-               (hex ? std::isxdigit(uchar(s[end].toLatin1())) : (s[end] >= u'0' && s[end] <= u'7')))
-            ++end;
-        const qulonglong v = s.mid(2, end - 2).toULongLong(nullptr, hex ? 16 : 8);
+        const int base = s[1].toUpper() == u'H' ? 16 : 8;
+        const qulonglong v = s.mid(2, radixEnd(s, 2, base) - 2).toULongLong(nullptr, base);
         if (v <= 0xFFFF)
             return double(qint16(quint16(v)));
         if (v <= 0xFFFFFFFF)

@@ -196,8 +196,8 @@ private slots:
         for (const char* text : {" 12 ", "-5", "5-", "+5", "(5)", "1.234,56", "1,", ",5", "R$ 1.234,50",
                                  "-R$ 3,20", "1e3", "1E-2", "&H1F", "&O17", "1.2.3", "12.34", "\t7\t"})
             QTest::newRow(text) << QVariant(QString::fromUtf8(text)) << true;
-        for (const char* text :
-             {",", ".", "", "-", "1e", "12abc", "1 000", "(5", "5)", "--5", "1,2,3", "&H", "abc"})
+        for (const char* text : {",", ".", "", "-", "1e", "12abc", "1 000", "(5", "5)", "--5", "1,2,3", "&H",
+                                 "&H1G", "&H 1F", "abc"})
             QTest::newRow(text) << QVariant(QString::fromUtf8(text)) << false;
         QTest::newRow("a number") << QVariant(5.5) << true;
         QTest::newRow("a long") << QVariant(qlonglong(3)) << true;
@@ -398,6 +398,8 @@ private slots:
         QTest::newRow("letters") << "abc" << 0.0;
         QTest::newRow("hex") << "&H1F" << 31.0;
         QTest::newRow("hex Integer") << "&HFFFF" << -1.0;
+        QTest::newRow("hex stops") << "&H1G" << 1.0;
+        QTest::newRow("octal") << "&O17" << 15.0;
     }
     void val() {
         QFETCH(QString, text);
