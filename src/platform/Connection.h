@@ -14,16 +14,27 @@ enum class Dialect { SqlServer, SQLite };
 // existing file) is SQLite; anything else is SQL Server through ODBC (FreeTDS on Linux).
 Dialect dialectOf(const QString& connectionString);
 
+// The absolute path of the file that Server= names (the SQLite database).
+QString databaseFileOf(const QString& connectionString);
+
 // The ODBC connection string that SQL Server is reached with, for the given ADO one.
 QString odbcConnectionString(const QString& connectionString);
 
 // The pooled connection of this connection string and thread, opened (or re-opened after a
 // failure) with the login time-out given. A refused or failed connection raises -2147467259 with
-// the driver's text.
+// the driver's text. SQLite: foreign keys on, WAL, and a busy wait of the connection time-out for
+// another terminal's lock; a database file that is missing (or has gone) is never created anew.
 QSqlDatabase pooledDatabase(const QString& connectionString, int connectionTimeoutSeconds = 15);
 
+// Closes every pooled connection of this thread (tests, before their database files go).
+void closePooledDatabases();
+
 // Runs a statement on the pooled connection and returns its rows as a client-side copy (closed
-// when the statement returns no rows). A failure raises the run-time error of its kind.
+// when the statement returns no rows). A failure raises the run-time error of its kind:
+// -2147467259 for a refused, failed or lost connection (also a file that is not a database),
+// -2147217873 for a key, foreign-key or NOT NULL violation, -2147217871 when another terminal held
+// the database locked past the busy wait, and -2147217900 for every other statement error
+// (syntax, unknown table or column); the description is the driver's text.
 Recordset executeStatement(const QString& connectionString, const QString& sql,
                            int connectionTimeoutSeconds = 15, int commandTimeoutSeconds = 30);
 
@@ -34,6 +45,7 @@ public:
     int ConnectionTimeout = 15;
     int CommandTimeout = 30;
 
+    // Execute before Open raises 3709.
     void Open(const QString& connectionString);
     Recordset Execute(const QString& sql);
     Dialect dialect() const;
@@ -42,5 +54,7 @@ private:
     QString m_connectionString;
 };
 
-// Test seam: sees every statement sent to a database (after dialect mapping), in order.
+// Test seam: sees every statement sent to a database (after dialect mapping), in order: what the
+// program runs and the UPDATE and INSERT statements of Recordset::Update, but not the layer's own
+// catalogue look-ups (key columns, column types) nor the settings made when a connection opens.
 void setStatementObserver(std::function<void(const QString& sql)> observer);

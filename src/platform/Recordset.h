@@ -4,14 +4,24 @@
 #include <QStringList>
 #include <QVariant>
 #include <QVector>
+#include <functional>
 #include <memory>
 
 enum SearchDirection { adSearchForward = 1, adSearchBackward = -1 };
 
 // A client-side static copy of a query's result with optimistic locking, as the original's
 // recordsets were. Reading or writing with no current row raises 3021, an unknown field 3265,
-// a closed recordset 3704. Update writes the current row back through the pooled connection of
-// the connection string it was read with (see Connection.h).
+// a closed recordset 3704. A database NULL reads as a null QVariant; on every dialect bit columns
+// read as bool and datetime columns as QDateTime.
+//
+// Update writes the current row back through the pooled connection of the connection string it
+// was read with (see Connection.h): UPDATE of the changed columns WHERE the primary key and each
+// changed column still hold the values read (a table without a key: every column), values bound.
+// No row matched raises -2147217864 and the row is left as the other terminal wrote it. After
+// AddNew, Update inserts and re-reads the row, so its identity and defaults are there. Leaving a
+// row with unsaved changes (a Move, Find, Filter, Bookmark or AddNew) writes it first, as the
+// original's cursor did; Close and DataControl::Refresh drop them. Update works on a recordset of
+// one table's rows (SELECT ... FROM table [WHERE ...] [ORDER BY ...]); otherwise it raises 3251.
 class Recordset {
 public:
     class Field {
@@ -46,14 +56,15 @@ public:
     void MovePrevious();
     void MoveLast();
 
-    // One-column criterion ("mesa =3", "Nome = 'ANA'"), from the current row; not found: EOF
-    // (forward) or BOF (backward).
+    // One-column criterion ("mesa =3", "Nome = 'ANA'"; grammar in Criteria.h), from the current
+    // row; not found: EOF (forward) or BOF (backward). No current row raises 3021.
     void Find(const QString& criteria, int skipRecords = 0, SearchDirection direction = adSearchForward);
 
     // Clauses joined by AND/OR; "" removes the filter. Moves to the first visible row.
     void setFilter(const QString& criteria);
     QString Filter() const;
 
+    // A token of the current row, valid for this copy (filtered or not) until the next Refresh.
     QVariant Bookmark() const;
     void setBookmark(const QVariant& bookmark);
 
@@ -66,5 +77,10 @@ public:
     explicit Recordset(std::unique_ptr<Data> data);
 
 private:
+    Data& open() const;
+    int currentRow() const; // index into the copy's rows; 3021 without one
+    void moveTo(int position);
+    std::function<int(const QString&)> columnLookup() const;
+
     std::unique_ptr<Data> d;
 };

@@ -16,13 +16,17 @@ constexpr int PathNotFound = 76;
 constexpr int ObjectNotSet = 91;
 constexpr int InvalidUseOfNull = 94;
 constexpr int TextReadOnly = 383;
+constexpr int BadArguments = 3001; // a malformed Filter or Find criterion, a foreign bookmark
 constexpr int NoCurrentRecord = 3021;
+constexpr int NotUpdatable = 3251; // Update on a recordset that is not one table's rows
 constexpr int ItemNotFound = 3265;
 constexpr int ObjectClosed = 3704;
+constexpr int ConnectionNotOpen = 3709;
 constexpr int ConnectionFailure = -2147467259; // 0x80004005, the provider's general failure
 constexpr int RowNotLocated = -2147217864;     // optimistic lock miss on Update
 constexpr int SyntaxError = -2147217900;
 constexpr int IntegrityViolation = -2147217873;
+constexpr int QueryTimeout = -2147217871; // the database stayed locked by another terminal
 constexpr int AutomationException = -2147352567;
 } // namespace vbErr
 

@@ -1,6 +1,7 @@
 #include "support/Support.h"
 
 #include "platform/Clock.h"
+#include "platform/Connection.h"
 #include "platform/Form.h"
 #include "platform/Paths.h"
 #include "platform/Process.h"
@@ -49,6 +50,7 @@ TestEnvironment::TestEnvironment() {
 
 TestEnvironment::~TestEnvironment() {
     Form::unloadAll();
+    closePooledDatabases(); // before the database files go with the temporary folder
     limparVariaveisGlobais();
     setMsgBoxHook(nullptr);
     setEndProcessHandler(nullptr);

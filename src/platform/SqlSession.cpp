@@ -1,0 +1,371 @@
+#include "platform/SqlSession.h"
+
+#include "platform/RuntimeError.h"
+
+#include <QDateTime>
+#include <QFileInfo>
+#include <QSqlDriver>
+#include <QSqlError>
+#include <QSqlRecord>
+#include <QThread>
+#include <QUrl>
+
+namespace {
+std::function<void(const QString&)> s_observer;
+
+// Connection-string keywords by lower-case name; ADO's synonyms folded onto one name each.
+QHash<QString, QString> adoKeywords(const QString& connectionString) {
+    static const QHash<QString, QString> synonyms = {
+        {QStringLiteral("data source"), QStringLiteral("server")},
+        {QStringLiteral("address"), QStringLiteral("server")},
+        {QStringLiteral("initial catalog"), QStringLiteral("database")},
+        {QStringLiteral("user id"), QStringLiteral("uid")},
+        {QStringLiteral("password"), QStringLiteral("pwd")},
+    };
+    QHash<QString, QString> keywords;
+    const QStringList parts = connectionString.split(QLatin1Char(';'), Qt::SkipEmptyParts);
+    for (const QString& part : parts) {
+        const int eq = part.indexOf(QLatin1Char('='));
+        if (eq < 0)
+            continue;
+        const QString key = part.left(eq).trimmed().toLower();
+        keywords.insert(synonyms.value(key, key), part.mid(eq + 1).trimmed());
+    }
+    return keywords;
+}
+
+// An ODBC attribute value in braces when it holds characters that would end or split it.
+QString odbcValue(const QString& value) {
+    if (!value.contains(QLatin1Char(';')) && !value.contains(QLatin1Char('{')) &&
+        !value.contains(QLatin1Char('}')) && value.trimmed() == value)
+        return value;
+    QString escaped = value;
+    escaped.replace(QLatin1Char('}'), QStringLiteral("}}"));
+    return QLatin1Char('{') + escaped + QLatin1Char('}');
+}
+
+// Pooled connections are named after the thread and the connection string.
+QString poolPrefix() {
+    return QStringLiteral("zarvel|%1|").arg(quintptr(QThread::currentThread()));
+}
+
+void dropPooled(const QString& name) {
+    {
+        QSqlDatabase db = QSqlDatabase::database(name, false);
+        db.close();
+    }
+    QSqlDatabase::removeDatabase(name);
+}
+
+thread_local QHash<QString, QHash<QString, TableInfo>> t_tables; // by pooled connection name
+
+[[noreturn]] void raiseSqlError(Dialect dialect, const QSqlError& error, const QString& poolName) {
+    const int number = errorNumberOf(dialect, error);
+    QString text = error.databaseText().trimmed();
+    if (text.isEmpty())
+        text = error.driverText().trimmed();
+    if (number == vbErr::ConnectionFailure) {
+        t_tables.remove(poolName);
+        dropPooled(poolName);
+    }
+    raiseError(number, text);
+}
+
+ColumnKind kindOfDeclaredType(const QString& declared) {
+    const QString type = declared.toLower();
+    if (type.startsWith(QLatin1String("bit")))
+        return ColumnKind::Bit;
+    if (type.contains(QLatin1String("date")) || type.contains(QLatin1String("time")))
+        return ColumnKind::DateTime;
+    return ColumnKind::Plain;
+}
+
+const QString kSqliteDateTime = QStringLiteral("yyyy-MM-dd HH:mm:ss");
+} // namespace
+
+QString databaseFileOf(const QString& connectionString) {
+    return QFileInfo(adoKeywords(connectionString).value(QStringLiteral("server"))).absoluteFilePath();
+}
+
+Dialect dialectOf(const QString& connectionString) {
+    const QString server = adoKeywords(connectionString).value(QStringLiteral("server"));
+    if (server.endsWith(QLatin1String(".db"), Qt::CaseInsensitive) || QFileInfo(server).isFile())
+        return Dialect::SQLite;
+    return Dialect::SqlServer;
+}
+
+QString odbcConnectionString(const QString& connectionString) {
+    const QHash<QString, QString> ado = adoKeywords(connectionString);
+    QString server = ado.value(QStringLiteral("server"));
+    QString port;
+    // "host,port" is SQL Server's own spelling of a port; a named instance finds its port itself.
+    const int comma = server.indexOf(QLatin1Char(','));
+    if (comma >= 0) {
+        port = server.mid(comma + 1).trimmed();
+        server = server.left(comma).trimmed();
+    } else if (!server.contains(QLatin1Char('\\'))) {
+        port = QStringLiteral("1433");
+    }
+    QStringList parts;
+#ifdef Q_OS_WIN
+    parts << QStringLiteral("Driver={SQL Server}");
+#else
+    parts << QStringLiteral("Driver={FreeTDS}");
+#endif
+    parts << QStringLiteral("Server=") + odbcValue(server);
+    if (!port.isEmpty())
+        parts << QStringLiteral("Port=") + port;
+    parts << QStringLiteral("Database=") + odbcValue(ado.value(QStringLiteral("database")))
+          << QStringLiteral("UID=") + odbcValue(ado.value(QStringLiteral("uid")))
+          << QStringLiteral("PWD=") + odbcValue(ado.value(QStringLiteral("pwd")));
+#ifndef Q_OS_WIN
+    parts << QStringLiteral("TDS_Version=7.4");
+#endif
+    return parts.join(QLatin1Char(';'));
+}
+
+QSqlDatabase pooledDatabase(const QString& connectionString, int connectionTimeoutSeconds) {
+    const QString name = poolPrefix() + connectionString;
+    const Dialect dialect = dialectOf(connectionString);
+    if (dialect == Dialect::SQLite) {
+        // A vanished file must not come back empty, neither at the open nor under a pooled
+        // connection that still holds the unlinked file.
+        const QString file = databaseFileOf(connectionString);
+        if (!QFileInfo::exists(file)) {
+            if (QSqlDatabase::contains(name)) {
+                t_tables.remove(name);
+                dropPooled(name);
+            }
+            raiseError(vbErr::ConnectionFailure,
+                       QStringLiteral("unable to open database file: %1").arg(file));
+        }
+    }
+    if (QSqlDatabase::contains(name)) {
+        QSqlDatabase db = QSqlDatabase::database(name, false);
+        if (db.isOpen())
+            return db;
+        dropPooled(name);
+    }
+
+    QSqlDatabase db;
+    if (dialect == Dialect::SQLite) {
+        db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
+        // mode=rw: SQLite opens an existing file only, never creates one.
+        db.setDatabaseName(
+            QString::fromLatin1(QUrl::fromLocalFile(databaseFileOf(connectionString)).toEncoded()) +
+            QStringLiteral("?mode=rw"));
+        db.setConnectOptions(QStringLiteral("QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=%1")
+                                 .arg(qMax(1, connectionTimeoutSeconds) * 1000));
+    } else {
+        db = QSqlDatabase::addDatabase(QStringLiteral("QODBC"), name);
+        db.setDatabaseName(odbcConnectionString(connectionString));
+        db.setConnectOptions(
+            QStringLiteral("SQL_ATTR_LOGIN_TIMEOUT=%1").arg(qMax(1, connectionTimeoutSeconds)));
+        db.setNumericalPrecisionPolicy(QSql::LowPrecisionDouble);
+    }
+    if (!db.open()) {
+        const QSqlError error = db.lastError();
+        db = QSqlDatabase();
+        dropPooled(name);
+        QString text = error.databaseText().trimmed();
+        raiseError(vbErr::ConnectionFailure, text.isEmpty() ? error.driverText() : text);
+    }
+    if (dialect == Dialect::SQLite) {
+        // Several terminals on one machine are several processes on one file. A garbage file
+        // opens without complaint and fails here, on its first statement.
+        const QStringList pragmas = {QStringLiteral("PRAGMA foreign_keys=ON"),
+                                     QStringLiteral("PRAGMA journal_mode=WAL")};
+        for (const QString& pragma : pragmas) {
+            QSqlError error;
+            {
+                QSqlQuery q(db);
+                if (!q.exec(pragma))
+                    error = q.lastError();
+            }
+            if (error.isValid()) {
+                db = QSqlDatabase();
+                QString text = error.databaseText().trimmed();
+                dropPooled(name);
+                raiseError(vbErr::ConnectionFailure, text.isEmpty() ? error.driverText() : text);
+            }
+        }
+    }
+    return db;
+}
+
+void closePooledDatabases() {
+    const QString prefix = poolPrefix();
+    const QStringList names = QSqlDatabase::connectionNames();
+    for (const QString& name : names) {
+        if (name.startsWith(prefix)) {
+            t_tables.remove(name);
+            dropPooled(name);
+        }
+    }
+}
+
+void setStatementObserver(std::function<void(const QString& sql)> observer) {
+    s_observer = std::move(observer);
+}
+
+// By the driver's native code alone: QSQLITE reports a failed fetch as a connection error even for
+// a constraint. A failed open is a connection failure of its own (pooledDatabase).
+int errorNumberOf(Dialect dialect, const QSqlError& error) {
+    const int native = error.nativeErrorCode().toInt();
+    if (dialect == Dialect::SQLite) {
+        switch (native & 0xff) { // the primary result code under the extended one
+        case 10:                 // SQLITE_IOERR
+        case 11:                 // SQLITE_CORRUPT
+        case 14:                 // SQLITE_CANTOPEN
+        case 26:                 // SQLITE_NOTADB
+            return vbErr::ConnectionFailure;
+        case 19: // SQLITE_CONSTRAINT
+            return vbErr::IntegrityViolation;
+        case 5: // SQLITE_BUSY
+        case 6: // SQLITE_LOCKED
+            return vbErr::QueryTimeout;
+        default:
+            return vbErr::SyntaxError;
+        }
+    }
+    switch (native) {
+    case 2:
+    case 53:
+    case 233:
+    case 4060:
+    case 10053:
+    case 10054:
+    case 10060:
+    case 10061:
+    case 18456:
+    case 20002:
+    case 20003:
+    case 20004:
+    case 20006:
+    case 20009:
+    case 20017:
+    case 20047:
+        return vbErr::ConnectionFailure; // network, server gone, login or database refused
+    case 515:
+    case 547:
+    case 2601:
+    case 2627:
+        return vbErr::IntegrityViolation; // NULL into NOT NULL, foreign key, unique, primary key
+    case 1222:
+        return vbErr::QueryTimeout;
+    default:
+        break;
+    }
+    if (error.databaseText().contains(QLatin1String("Communication link failure"), Qt::CaseInsensitive))
+        return vbErr::ConnectionFailure;
+    return vbErr::SyntaxError;
+}
+
+SqlSession::SqlSession(const QString& connectionString, int connectionTimeoutSeconds,
+                       int commandTimeoutSeconds)
+    : m_connectionString(connectionString), m_connectionTimeout(connectionTimeoutSeconds),
+      m_commandTimeout(commandTimeoutSeconds), m_dialect(dialectOf(connectionString)) {}
+
+QSqlQuery SqlSession::exec(const QString& sql, const QVariantList& values, bool observed) {
+    QSqlDatabase db = pooledDatabase(m_connectionString, m_connectionTimeout);
+    if (observed && s_observer)
+        s_observer(sql);
+    QSqlError error;
+    {
+        QSqlQuery q(db);
+        q.setForwardOnly(true);
+        bool ok;
+        if (values.isEmpty()) {
+            ok = q.exec(sql);
+        } else {
+            ok = q.prepare(sql);
+            if (ok) {
+                for (const QVariant& value : values)
+                    q.addBindValue(value);
+                ok = q.exec();
+            }
+        }
+        if (ok)
+            return q;
+        error = q.lastError();
+    }
+    const QString name = db.connectionName();
+    db = QSqlDatabase();
+    raiseSqlError(m_dialect, error, name);
+}
+
+TableInfo SqlSession::tableInfo(const QString& table) {
+    const QString poolName = poolPrefix() + m_connectionString;
+    const QString key = table.toLower();
+    {
+        const auto pool = t_tables.constFind(poolName);
+        if (pool != t_tables.constEnd() && pool->contains(key))
+            return pool->value(key);
+    }
+    TableInfo info;
+    if (m_dialect == Dialect::SQLite) {
+        QSqlQuery q = exec(QStringLiteral("PRAGMA table_info([%1])").arg(table), {}, false);
+        QMap<int, QString> keyOrder;
+        while (q.next()) {
+            const QString column = q.value(1).toString();
+            info.kinds.insert(column.toLower(), kindOfDeclaredType(q.value(2).toString()));
+            if (q.value(5).toInt() > 0)
+                keyOrder.insert(q.value(5).toInt(), column);
+        }
+        info.key = keyOrder.values();
+    } else {
+        QSqlQuery q = exec(
+            QStringLiteral("SELECT KU.COLUMN_NAME FROM INFORMATION_SCHEMA.TABLE_CONSTRAINTS TC "
+                           "INNER JOIN INFORMATION_SCHEMA.KEY_COLUMN_USAGE KU "
+                           "ON KU.CONSTRAINT_NAME = TC.CONSTRAINT_NAME AND KU.TABLE_NAME = TC.TABLE_NAME "
+                           "WHERE TC.CONSTRAINT_TYPE = 'PRIMARY KEY' AND TC.TABLE_NAME = ? "
+                           "ORDER BY KU.ORDINAL_POSITION"),
+            {table}, false);
+        while (q.next())
+            info.key << q.value(0).toString();
+    }
+    t_tables[poolName].insert(key, info);
+    return info;
+}
+
+void SqlSession::forgetTables() {
+    t_tables.remove(poolPrefix() + m_connectionString);
+}
+
+QVariant SqlSession::toDatabase(const QVariant& value) const {
+    switch (value.typeId()) {
+    case QMetaType::Bool:
+        return value.toBool() ? 1 : 0; // bit columns hold 0 and 1, never -1 or "true"
+    case QMetaType::QDateTime:
+        if (m_dialect == Dialect::SQLite)
+            return value.toDateTime().toString(kSqliteDateTime);
+        return value;
+    case QMetaType::QDate:
+        if (m_dialect == Dialect::SQLite)
+            return value.toDate().startOfDay().toString(kSqliteDateTime);
+        return value;
+    default:
+        return value;
+    }
+}
+
+QVariant SqlSession::fromDatabase(const QVariant& value, ColumnKind kind) const {
+    if (value.isNull())
+        return QVariant();
+    if (m_dialect != Dialect::SQLite)
+        return value;
+    switch (kind) {
+    case ColumnKind::Bit:
+        return value.toLongLong() != 0;
+    case ColumnKind::DateTime:
+        if (value.typeId() == QMetaType::QString) {
+            const QDateTime moment = QDateTime::fromString(value.toString(), Qt::ISODate);
+            if (moment.isValid())
+                return moment;
+        }
+        return value;
+    case ColumnKind::Plain:
+        break;
+    }
+    return value;
+}
