@@ -14,6 +14,7 @@ QString errorDescription(int number) {
         {vbErr::TypeMismatch, QStringLiteral("Type mismatch")},
         {vbErr::BadFileName, QStringLiteral("Bad file name or number")},
         {vbErr::FileNotFound, QStringLiteral("File not found")},
+        {vbErr::PathFileAccess, QStringLiteral("Path/File access error")},
         {vbErr::PathNotFound, QStringLiteral("Path not found")},
         {vbErr::ObjectNotSet, QStringLiteral("Object variable or With block variable not set")},
         {vbErr::InvalidUseOfNull, QStringLiteral("Invalid use of Null")},

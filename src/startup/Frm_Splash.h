@@ -2,11 +2,12 @@
 
 #include "platform/Form.h"
 
+class DataControl;
 class QFrame;
 class QLabel;
 
 // The start-up screen: refuses a second copy, gives the updater its turn, shows the version and
-// walks through the start-up steps.
+// walks through the start-up steps, then hands over to the login.
 class Frm_Splash : public Form {
     Q_OBJECT
 
@@ -14,6 +15,8 @@ public:
     Frm_Splash();
     static Frm_Splash& instance() { return defaultInstance<Frm_Splash>(); }
 
+    // The connection through which the settings are read.
+    DataControl* Ado_Inicializacao;
     QFrame* Frame1;
     QLabel* Image1;
     QLabel* lblWarning;
@@ -21,4 +24,8 @@ public:
 
 protected:
     void Form_Load() override;
+    void Form_Activate() override;
+
+private:
+    void inicializacao();
 };

@@ -1,0 +1,314 @@
+#include "startup/atualizarBanco.h"
+
+#include "platform/Connection.h"
+#include "platform/MsgBox.h"
+#include "platform/Printers.h"
+#include "platform/RuntimeError.h"
+#include "startup/rotinasGerais.h"
+#include "startup/variaveisGlobais.h"
+
+#include <functional>
+
+namespace {
+QString aspas(const QString& nome) {
+    return QLatin1Char('\'') + nome + QLatin1Char('\'');
+}
+
+Equivalente testeDeColuna(const QString& tabela, const QString& coluna) {
+    return {QStringLiteral("SELECT COUNT(*) FROM INFORMATION_SCHEMA.COLUMNS WHERE TABLE_NAME = ") +
+                aspas(tabela) + QStringLiteral(" AND COLUMN_NAME = ") + aspas(coluna),
+            QStringLiteral("SELECT COUNT(*) FROM pragma_table_info(") + aspas(tabela) +
+                QStringLiteral(") WHERE name = ") + aspas(coluna) + QStringLiteral(" COLLATE NOCASE")};
+}
+
+Equivalente testeDeTabela(const QString& tabela) {
+    return {QStringLiteral("SELECT COUNT(*) FROM INFORMATION_SCHEMA.TABLES WHERE TABLE_SCHEMA = 'dbo' AND  "
+                           "TABLE_NAME = ") +
+                aspas(tabela),
+            QStringLiteral("SELECT COUNT(*) FROM sqlite_master WHERE type IN ('table', 'view') AND name = ") +
+                aspas(tabela) + QStringLiteral(" COLLATE NOCASE")};
+}
+
+// SQLite can't add a key to an existing table: the nearest thing the same test finds by the key's
+// name is a unique index of that name.
+Equivalente testeDeChave(const QString& tabela, const QString& chave) {
+    return {
+        QStringLiteral("SELECT COUNT(*) FROM INFORMATION_SCHEMA.CONSTRAINT_TABLE_USAGE WHERE TABLE_NAME = ") +
+            aspas(tabela) + QStringLiteral(" AND CONSTRAINT_NAME = ") + aspas(chave),
+        QStringLiteral("SELECT COUNT(*) FROM sqlite_master WHERE type = 'index' AND tbl_name = ") +
+            aspas(tabela) + QStringLiteral(" COLLATE NOCASE AND name = ") + aspas(chave) +
+            QStringLiteral(" COLLATE NOCASE")};
+}
+
+// A column that both dialects add with the same statement.
+PassoDoBanco coluna(const QString& tabela, const QString& nome, const QString& tipo) {
+    const QString alter = QStringLiteral("ALTER TABLE ") + tabela + QStringLiteral(" ADD ") + nome +
+                          QLatin1Char(' ') + tipo + QStringLiteral(" NOT NULL DEFAULT 0");
+    return {testeDeColuna(tabela, nome), 0, {{alter, alter}}, {}};
+}
+
+// The tab tables. On SQLite the keys are made with the table; what is left of each ALTER that
+// follows is the check of the rows against the keys, which fails as the ALTER would when the table
+// or a referenced key is missing.
+std::vector<Equivalente> comandosTbComandas() {
+    return {
+        {QStringLiteral("CREATE TABLE [dbo].[Tb_Comandas]([id_comanda] [int] IDENTITY(1,1) NOT "
+                        "NULL,[data_criacao] [datetime] NOT NULL,[status] [tinyint] NOT NULL DEFAULT "
+                        "0,[mesa] [int] NOT NULL,[id_colaborador] [numeric](10, 0) NOT NULL,[id_cliente] "
+                        "[numeric](10, 0) NULL,[identificacao] [nvarchar](255) NULL,[servico] [bit] NOT "
+                        "NULL,[valor_servico] [float] NOT NULL,[valor_total] [float] NOT NULL,[ocupantes] "
+                        "[tinyint] NOT NULL DEFAULT 1,[data_ultima_movimentacao] [datetime] NOT "
+                        "NULL,[bloqueada] [bit] NOT NULL DEFAULT 0,[cancelada] [bit] NOT NULL DEFAULT 0, "
+                        "[quem_cancelou] [numeric](10, 0) NULL,[data_cancelamento] [datetime] "
+                        "NULL,[motivo_cancelamento] [nvarchar](255) NULL,[faturada][bit] NOT NULL DEFAULT "
+                        "0,[documento_faturado][NVARCHAR](255) NULL,[data_faturamento][datetime] NULL)"),
+         QStringLiteral(
+             "CREATE TABLE [Tb_Comandas]([id_comanda] INTEGER NOT NULL CONSTRAINT [PK_Tb_Comandas] PRIMARY "
+             "KEY AUTOINCREMENT,[data_criacao] datetime NOT NULL,[status] tinyint NOT NULL DEFAULT 0,[mesa] "
+             "int NOT NULL,[id_colaborador] numeric(10, 0) NOT NULL,[id_cliente] numeric(10, 0) "
+             "NULL,[identificacao] nvarchar(255) NULL,[servico] bit NOT NULL,[valor_servico] float NOT "
+             "NULL,[valor_total] float NOT NULL,[ocupantes] tinyint NOT NULL DEFAULT "
+             "1,[data_ultima_movimentacao] datetime NOT NULL,[bloqueada] bit NOT NULL DEFAULT 0,[cancelada] "
+             "bit NOT NULL DEFAULT 0,[quem_cancelou] numeric(10, 0) NULL,[data_cancelamento] datetime "
+             "NULL,[motivo_cancelamento] nvarchar(255) NULL,[faturada] bit NOT NULL DEFAULT "
+             "0,[documento_faturado] NVARCHAR(255) NULL,[data_faturamento] datetime NULL,CONSTRAINT "
+             "[FK_Tb_Comandas_CLIENTES] FOREIGN KEY ([id_cliente]) REFERENCES [CLIENTES] "
+             "([ID_CODIGO]),CONSTRAINT [FK_Tb_Comandas_Tb_Colaborador] FOREIGN KEY ([id_colaborador]) "
+             "REFERENCES [Tb_Colaborador] ([ID_Colaborador]),CONSTRAINT [FK_Tb_Comandas_Tb_Colaborador1] "
+             "FOREIGN KEY ([quem_cancelou]) REFERENCES [Tb_Colaborador] ([ID_Colaborador]))")},
+        {QStringLiteral("ALTER TABLE [dbo].[Tb_Comandas] ADD CONSTRAINT [PK_Tb_Comandas] PRIMARY KEY "
+                        "CLUSTERED ([id_comanda] Asc)"),
+         QStringLiteral("SELECT [id_comanda] FROM [Tb_Comandas] WHERE 0 = 1")},
+        {QStringLiteral("ALTER TABLE [dbo].[Tb_Comandas] WITH CHECK ADD CONSTRAINT [FK_Tb_Comandas_CLIENTES] "
+                        "FOREIGN KEY([id_cliente]) REFERENCES [dbo].[CLIENTES] ([ID_CODIGO])"),
+         QStringLiteral("PRAGMA foreign_key_check([Tb_Comandas])")},
+        {QStringLiteral(
+             "ALTER TABLE [dbo].[Tb_Comandas] WITH CHECK ADD CONSTRAINT [FK_Tb_Comandas_Tb_Colaborador] "
+             "FOREIGN KEY([id_colaborador]) REFERENCES [dbo].[Tb_Colaborador] ([ID_Colaborador])"),
+         QStringLiteral("PRAGMA foreign_key_check([Tb_Comandas])")},
+        {QStringLiteral(
+             "ALTER TABLE [dbo].[Tb_Comandas] WITH CHECK ADD CONSTRAINT [FK_Tb_Comandas_Tb_Colaborador1] "
+             "FOREIGN KEY([quem_cancelou]) REFERENCES [dbo].[Tb_Colaborador] ([ID_Colaborador])"),
+         QStringLiteral("PRAGMA foreign_key_check([Tb_Comandas])")},
+        {QStringLiteral("ALTER TABLE [dbo].[Tb_Comandas] CHECK CONSTRAINT [FK_Tb_Comandas_CLIENTES]"),
+         QStringLiteral("PRAGMA foreign_key_check([Tb_Comandas])")},
+        {QStringLiteral("ALTER TABLE [dbo].[Tb_Comandas] CHECK CONSTRAINT [FK_Tb_Comandas_Tb_Colaborador]"),
+         QStringLiteral("PRAGMA foreign_key_check([Tb_Comandas])")},
+        {QStringLiteral("ALTER TABLE [dbo].[Tb_Comandas] CHECK CONSTRAINT [FK_Tb_Comandas_Tb_Colaborador1]"),
+         QStringLiteral("PRAGMA foreign_key_check([Tb_Comandas])")},
+    };
+}
+
+std::vector<Equivalente> comandosTbComandasItens() {
+    return {
+        {QStringLiteral(
+             "CREATE TABLE [dbo].[Tb_Comandas_Itens]([id_comanda_item] [int] IDENTITY(1,1) NOT "
+             "NULL,[id_comanda] [int] NOT NULL,[n_item] [int] NOT NULL,[codigo] [float] NOT NULL,[descricao] "
+             "[nvarchar](30) NOT NULL,[quantidade] [float] NOT NULL,[valor_unitario] [float] NOT "
+             "NULL,[valor_desconto] [float] NOT NULL,[valor_acrescimo] [float] NOT NULL,[quem_incluiu] "
+             "[numeric](10, 0) NOT NULL,[data_inclusao] [datetime] NOT NULL,[quem_excluiu] [numeric](10, 0) "
+             "NULL,[data_exclusao] [datetime] NULL,[status] [tinyint] NOT NULL,[valor_total] [float] NOT "
+             "NULL,[observacao] [nvarchar](255) NULL,[impresso] [bit] NOT NULL DEFAULT 0,[reimpressao] [bit] "
+             "NOT NULL DEFAULT 0,[id_comanda_origem] [int] NOT NULL)"),
+         QStringLiteral(
+             "CREATE TABLE [Tb_Comandas_Itens]([id_comanda_item] INTEGER NOT NULL CONSTRAINT "
+             "[PK_Tb_Comandas_Itens] PRIMARY KEY AUTOINCREMENT,[id_comanda] int NOT NULL,[n_item] int NOT "
+             "NULL,[codigo] float NOT NULL,[descricao] nvarchar(30) NOT NULL,[quantidade] float NOT "
+             "NULL,[valor_unitario] float NOT NULL,[valor_desconto] float NOT NULL,[valor_acrescimo] float "
+             "NOT NULL,[quem_incluiu] numeric(10, 0) NOT NULL,[data_inclusao] datetime NOT "
+             "NULL,[quem_excluiu] numeric(10, 0) NULL,[data_exclusao] datetime NULL,[status] tinyint NOT "
+             "NULL,[valor_total] float NOT NULL,[observacao] nvarchar(255) NULL,[impresso] bit NOT NULL "
+             "DEFAULT 0,[reimpressao] bit NOT NULL DEFAULT 0,[id_comanda_origem] int NOT NULL,CONSTRAINT "
+             "[FK_Tb_Comandas_Itens_Tb_Colaborador] FOREIGN KEY ([quem_incluiu]) REFERENCES [Tb_Colaborador] "
+             "([ID_Colaborador]),CONSTRAINT [FK_Tb_Comandas_Itens_Tb_Colaborador1] FOREIGN KEY "
+             "([quem_excluiu]) REFERENCES [Tb_Colaborador] ([ID_Colaborador]),CONSTRAINT "
+             "[FK_Tb_Comandas_Itens_Tb_Comandas] FOREIGN KEY ([id_comanda]) REFERENCES [Tb_Comandas] "
+             "([id_comanda]),CONSTRAINT [FK_Tb_Comandas_Itens_Tb_Comandas1] FOREIGN KEY "
+             "([id_comanda_origem]) REFERENCES [Tb_Comandas] ([id_comanda]))")},
+        {QStringLiteral("ALTER TABLE [dbo].[Tb_Comandas_Itens] ADD CONSTRAINT [PK_Tb_Comandas_Itens] PRIMARY "
+                        "KEY CLUSTERED ([id_comanda_item] Asc)"),
+         QStringLiteral("SELECT [id_comanda_item] FROM [Tb_Comandas_Itens] WHERE 0 = 1")},
+        {QStringLiteral("ALTER TABLE [dbo].[Tb_Comandas_Itens] WITH CHECK ADD  CONSTRAINT "
+                        "[FK_Tb_Comandas_Itens_Tb_Colaborador] FOREIGN KEY([quem_incluiu]) REFERENCES "
+                        "[dbo].[Tb_Colaborador] ([ID_Colaborador])"),
+         QStringLiteral("PRAGMA foreign_key_check([Tb_Comandas_Itens])")},
+        {QStringLiteral("ALTER TABLE [dbo].[Tb_Comandas_Itens] WITH CHECK ADD  CONSTRAINT "
+                        "[FK_Tb_Comandas_Itens_Tb_Colaborador1] FOREIGN KEY([quem_excluiu]) REFERENCES "
+                        "[dbo].[Tb_Colaborador] ([ID_Colaborador])"),
+         QStringLiteral("PRAGMA foreign_key_check([Tb_Comandas_Itens])")},
+        {QStringLiteral("ALTER TABLE [dbo].[Tb_Comandas_Itens] WITH CHECK ADD  CONSTRAINT "
+                        "[FK_Tb_Comandas_Itens_Tb_Comandas] FOREIGN KEY([id_comanda]) REFERENCES "
+                        "[dbo].[Tb_Comandas] ([id_comanda])"),
+         QStringLiteral("PRAGMA foreign_key_check([Tb_Comandas_Itens])")},
+        {QStringLiteral("ALTER TABLE [dbo].[Tb_Comandas_Itens] WITH CHECK ADD  CONSTRAINT "
+                        "[FK_Tb_Comandas_Itens_Tb_Comandas1] FOREIGN KEY([id_comanda_origem]) REFERENCES "
+                        "[dbo].[Tb_Comandas] ([id_comanda])"),
+         QStringLiteral("PRAGMA foreign_key_check([Tb_Comandas_Itens])")},
+        {QStringLiteral(
+             "ALTER TABLE [dbo].[Tb_Comandas_Itens] CHECK CONSTRAINT [FK_Tb_Comandas_Itens_Tb_Colaborador]"),
+         QStringLiteral("PRAGMA foreign_key_check([Tb_Comandas_Itens])")},
+        {QStringLiteral(
+             "ALTER TABLE [dbo].[Tb_Comandas_Itens] CHECK CONSTRAINT [FK_Tb_Comandas_Itens_Tb_Colaborador1]"),
+         QStringLiteral("PRAGMA foreign_key_check([Tb_Comandas_Itens])")},
+        {QStringLiteral(
+             "ALTER TABLE [dbo].[Tb_Comandas_Itens] CHECK CONSTRAINT [FK_Tb_Comandas_Itens_Tb_Comandas]"),
+         QStringLiteral("PRAGMA foreign_key_check([Tb_Comandas_Itens])")},
+        {QStringLiteral(
+             "ALTER TABLE [dbo].[Tb_Comandas_Itens] CHECK CONSTRAINT [FK_Tb_Comandas_Itens_Tb_Comandas1]"),
+         QStringLiteral("PRAGMA foreign_key_check([Tb_Comandas_Itens])")},
+    };
+}
+
+std::vector<Equivalente> comandosTbComandasRecebimentos() {
+    return {
+        {QStringLiteral(
+             "CREATE TABLE [dbo].[Tb_Comandas_Recebimentos]([id_comanda_recebimento] [int] IDENTITY(1,1) NOT "
+             "NULL,[id_comanda] [int] NOT NULL,[id_colaborador] [numeric](10, 0) NOT NULL,[finalizadora] "
+             "[nvarchar](50) NOT NULL,[valor_recebimento] [float] NOT NULL DEFAULT 0,[data] [datetime] NOT "
+             "NULL,[observacao] [nvarchar](255) NULL,[quem_excluiu] [numeric](10, 0) NULL,[data_exclusao] "
+             "[datetime] NULL,[status] [tinyint] NOT NULL)"),
+         QStringLiteral(
+             "CREATE TABLE [Tb_Comandas_Recebimentos]([id_comanda_recebimento] INTEGER NOT NULL CONSTRAINT "
+             "[PK_Tb_Comandas_Recebimentos] PRIMARY KEY AUTOINCREMENT,[id_comanda] int NOT "
+             "NULL,[id_colaborador] numeric(10, 0) NOT NULL,[finalizadora] nvarchar(50) NOT "
+             "NULL,[valor_recebimento] float NOT NULL DEFAULT 0,[data] datetime NOT NULL,[observacao] "
+             "nvarchar(255) NULL,[quem_excluiu] numeric(10, 0) NULL,[data_exclusao] datetime NULL,[status] "
+             "tinyint NOT NULL,CONSTRAINT [FK_Tb_Comandas_Recebimentos_Tb_Colaborador] FOREIGN KEY "
+             "([id_colaborador]) REFERENCES [Tb_Colaborador] ([ID_Colaborador]),CONSTRAINT "
+             "[FK_Tb_Comandas_Recebimentos_Tb_Colaborador1] FOREIGN KEY ([quem_excluiu]) REFERENCES "
+             "[Tb_Colaborador] ([ID_Colaborador]),CONSTRAINT [FK_Tb_Comandas_Recebimentos_Tb_Comandas] "
+             "FOREIGN KEY ([id_comanda]) REFERENCES [Tb_Comandas] ([id_comanda]))")},
+        {QStringLiteral("ALTER TABLE [dbo].[Tb_Comandas_Recebimentos] ADD CONSTRAINT "
+                        "[PK_Tb_Comandas_Recebimentos] PRIMARY KEY CLUSTERED ([id_comanda_recebimento] Asc)"),
+         QStringLiteral("SELECT [id_comanda_recebimento] FROM [Tb_Comandas_Recebimentos] WHERE 0 = 1")},
+        {QStringLiteral("ALTER TABLE [dbo].[Tb_Comandas_Recebimentos] WITH CHECK ADD  CONSTRAINT "
+                        "[FK_Tb_Comandas_Recebimentos_Tb_Colaborador] FOREIGN KEY([id_colaborador]) "
+                        "REFERENCES [dbo].[Tb_Colaborador] ([ID_Colaborador])"),
+         QStringLiteral("PRAGMA foreign_key_check([Tb_Comandas_Recebimentos])")},
+        {QStringLiteral("ALTER TABLE [dbo].[Tb_Comandas_Recebimentos] WITH CHECK ADD  CONSTRAINT "
+                        "[FK_Tb_Comandas_Recebimentos_Tb_Colaborador1] FOREIGN KEY([quem_excluiu]) "
+                        "REFERENCES [dbo].[Tb_Colaborador] ([ID_Colaborador])"),
+         QStringLiteral("PRAGMA foreign_key_check([Tb_Comandas_Recebimentos])")},
+        {QStringLiteral("ALTER TABLE [dbo].[Tb_Comandas_Recebimentos] WITH CHECK ADD  CONSTRAINT "
+                        "[FK_Tb_Comandas_Recebimentos_Tb_Comandas] FOREIGN KEY([id_comanda]) REFERENCES "
+                        "[dbo].[Tb_Comandas] ([id_comanda])"),
+         QStringLiteral("PRAGMA foreign_key_check([Tb_Comandas_Recebimentos])")},
+        {QStringLiteral("ALTER TABLE [dbo].[Tb_Comandas_Recebimentos] CHECK CONSTRAINT "
+                        "[FK_Tb_Comandas_Recebimentos_Tb_Colaborador]"),
+         QStringLiteral("PRAGMA foreign_key_check([Tb_Comandas_Recebimentos])")},
+        {QStringLiteral("ALTER TABLE [dbo].[Tb_Comandas_Recebimentos] CHECK CONSTRAINT "
+                        "[FK_Tb_Comandas_Recebimentos_Tb_Colaborador1]"),
+         QStringLiteral("PRAGMA foreign_key_check([Tb_Comandas_Recebimentos])")},
+        {QStringLiteral("ALTER TABLE [dbo].[Tb_Comandas_Recebimentos] CHECK CONSTRAINT "
+                        "[FK_Tb_Comandas_Recebimentos_Tb_Comandas]"),
+         QStringLiteral("PRAGMA foreign_key_check([Tb_Comandas_Recebimentos])")},
+    };
+}
+} // namespace
+
+std::vector<PassoDoBanco> passosDoBanco(const QString& impressoraPadrao) {
+    const QString vendas = QStringLiteral("Tb_ConVendas");
+    const QString colaborador = QStringLiteral("Tb_Colaborador");
+    const QString departamento = QStringLiteral("Tb_Departamento");
+    const QString bit = QStringLiteral("bit");
+    const QString tinyint = QStringLiteral("tinyint");
+    const QString impressora =
+        QStringLiteral("ALTER TABLE Tb_Departamento ADD Impressora nvarchar(255) NOT NULL "
+                       "DEFAULT '") +
+        impressoraPadrao + QLatin1Char('\'');
+    return {
+        coluna(vendas, QStringLiteral("bImprimirItens"), bit),
+        coluna(vendas, QStringLiteral("bBloquearAposConferencia"), bit),
+        coluna(vendas, QStringLiteral("iQuantidadeMesa"), tinyint),
+        coluna(vendas, QStringLiteral("iTempoParaOcio"), tinyint),
+        coluna(vendas, QStringLiteral("bExibirObservacao"), bit),
+        coluna(vendas, QStringLiteral("bMultiplosAtendentes"), bit),
+        {testeDeChave(QStringLiteral("CLIENTES"), QStringLiteral("PK_CLIENTES")),
+         0,
+         {{QStringLiteral(
+               "ALTER TABLE CLIENTES ADD CONSTRAINT [PK_CLIENTES] PRIMARY KEY CLUSTERED ([ID_CODIGO] Asc)"),
+           QStringLiteral("CREATE UNIQUE INDEX [PK_CLIENTES] ON [CLIENTES] ([ID_CODIGO] ASC)")}},
+         {}},
+        {testeDeChave(colaborador, QStringLiteral("PK_Tb_Colaborador")),
+         0,
+         {{QStringLiteral("ALTER TABLE Tb_Colaborador ADD CONSTRAINT [PK_Tb_Colaborador] PRIMARY KEY "
+                          "CLUSTERED([ID_Colaborador] ASC)"),
+           QStringLiteral(
+               "CREATE UNIQUE INDEX [PK_Tb_Colaborador] ON [Tb_Colaborador] ([ID_Colaborador] ASC)")}},
+         {}},
+        coluna(colaborador, QStringLiteral("bZarvel"), bit),
+        coluna(colaborador, QStringLiteral("bTransferirItem"), bit),
+        coluna(colaborador, QStringLiteral("bTransferirMesa"), bit),
+        coluna(colaborador, QStringLiteral("bReimprimir"), bit),
+        coluna(colaborador, QStringLiteral("bConfiguracoes"), bit),
+        coluna(colaborador, QStringLiteral("bTaxa"), bit),
+        coluna(colaborador, QStringLiteral("bCancelar"), bit),
+        coluna(colaborador, QStringLiteral("bExcluir"), bit),
+        // The department printer: the column test runs only where the back office has departments.
+        {testeDeTabela(departamento),
+         1,
+         {},
+         {{testeDeColuna(departamento, QStringLiteral("Impressora")), 0, {{impressora, impressora}}, {}}}},
+        {testeDeTabela(QStringLiteral("Tb_Comandas")), 0, comandosTbComandas(), {}},
+        {testeDeTabela(QStringLiteral("Tb_Comandas_Itens")), 0, comandosTbComandasItens(), {}},
+        {testeDeTabela(QStringLiteral("Tb_Comandas_Recebimentos")), 0, comandosTbComandasRecebimentos(), {}},
+    };
+}
+
+namespace {
+// Runs one statement under the routine's handler: a lost connection ends the process, any other
+// error is one box and the upgrade goes on with the next statement.
+bool tentar(const std::function<void()>& comando) {
+    try {
+        comando();
+        return true;
+    } catch (const RuntimeError& erro) {
+        if (erro.Number == vbErr::ConnectionFailure)
+            encerrarPorFalhaDeConexao();
+        const QString mensagem = describe(erro);
+        exibirProgresso(mensagem);
+        MsgBox(mensagem, vbCritical, QStringLiteral("Atenção"));
+        return false;
+    }
+}
+
+struct Execucao {
+    Connection cn;
+    Recordset rs; // set again by each test; a failed test leaves the previous one
+    bool temTeste = false;
+
+    const QString& texto(const Equivalente& equivalente) const {
+        return cn.dialect() == Dialect::SQLite ? equivalente.sqlite : equivalente.sqlServer;
+    }
+
+    void executar(const PassoDoBanco& passo) {
+        tentar([&] {
+            rs = cn.Execute(texto(passo.teste));
+            temTeste = true;
+        });
+        // When the comparison itself fails, resuming at the next statement enters the step.
+        bool cumpre = true;
+        tentar([&] {
+            if (!temTeste)
+                raiseError(vbErr::ObjectNotSet);
+            cumpre = rs.Fields(0).Value().toLongLong() == passo.esperado;
+        });
+        if (!cumpre)
+            return;
+        for (const Equivalente& comando : passo.comandos)
+            tentar([&] { cn.Execute(texto(comando)); });
+        for (const PassoDoBanco& interno : passo.dentro)
+            executar(interno);
+    }
+};
+} // namespace
+
+void atualizarBanco() {
+    Execucao execucao;
+    tentar([&] {
+        execucao.cn.ConnectionTimeout = 5;
+        execucao.cn.Open(conexaoLocal);
+    });
+    for (const PassoDoBanco& passo : passosDoBanco(defaultPrinterName()))
+        execucao.executar(passo);
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QString>
+#include <vector>
+
+// The schema upgrade of every start: the columns this system keeps in back-office tables, the two
+// back-office primary keys and the three tab tables, each change behind a catalogue test.
+void atualizarBanco();
+
+// One statement in each dialect. The SQL Server text is the statement as this system has always
+// sent it; the SQLite text does the same thing on the embedded database.
+struct Equivalente {
+    QString sqlServer;
+    QString sqlite;
+};
+
+// A test (a SELECT COUNT(*)), the count that lets the step run, its statements in order, and the
+// steps that run inside it.
+struct PassoDoBanco {
+    Equivalente teste;
+    int esperado;
+    std::vector<Equivalente> comandos;
+    std::vector<PassoDoBanco> dentro;
+};
+
+// The steps in their order; the default printer's name goes, as it stands, into the default of
+// the department printer column.
+std::vector<PassoDoBanco> passosDoBanco(const QString& impressoraPadrao);
