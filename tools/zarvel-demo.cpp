@@ -1,0 +1,50 @@
+// zarvel-demo <db-file> <machine-folder>
+//
+// Makes the demo database of a small bar when it is missing (the back office's tables with its
+// products, staff, customers and settings) and points the machine's SERVER.ini at it.
+
+#include "backoffice/BackOffice.h"
+#include "backoffice/Demo.h"
+#include "platform/Connection.h"
+#include "platform/Profile.h"
+#include "platform/RuntimeError.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <cstdio>
+
+int main(int argc, char** argv) {
+    QCoreApplication app(argc, argv);
+    const QStringList args = app.arguments();
+    if (args.size() != 3) {
+        std::fprintf(stderr, "usage: zarvel-demo <db-file> <machine-folder>\n");
+        return 2;
+    }
+    const QString file = QFileInfo(args.at(1)).absoluteFilePath();
+    const QString machine = QFileInfo(args.at(2)).absoluteFilePath();
+    const QString connectionString = adoConnectionString(file);
+    if (!QFileInfo::exists(file)) {
+        try {
+            QDir().mkpath(QFileInfo(file).absolutePath());
+            createDemoDatabase(connectionString);
+        } catch (const RuntimeError& error) {
+            // A half-made database would pass for a good one at the next run.
+            closePooledDatabases();
+            for (const QString& suffix : {QString(), QStringLiteral("-wal"), QStringLiteral("-shm")})
+                QFile::remove(file + suffix);
+            std::fprintf(stderr, "zarvel-demo: %s\n", qPrintable(describe(error)));
+            return 1;
+        }
+        std::printf("Demo database made: %s\n", qPrintable(file));
+    }
+    QDir().mkpath(machine);
+    if (!WritePrivateProfileString(QStringLiteral("SERVIDOR"), QStringLiteral("IPCONEXAO"), file,
+                                   machine + QStringLiteral("/SERVER.ini"))) {
+        std::fprintf(stderr, "zarvel-demo: cannot write %s/SERVER.ini\n", qPrintable(machine));
+        return 1;
+    }
+    closePooledDatabases();
+    return 0;
+}
