@@ -108,7 +108,7 @@ private slots:
         mapa.mesasRefresh();
         QCOMPARE(mapa.card[4]->status(), qint16(esperado));
         const int naLinha =
-            outro->consultar(QStringLiteral("SELECT status FROM Tb_Comandas WHERE id_comanda = ?"), {id})
+            outro->consultar(QStringLiteral("SELECT status FROM Tb_Comandas WHERE id_comanda = %1").arg(id))
                 .toInt();
         // The card shows the row's own code unless the rule turned it idle, and then the row is idle too.
         QCOMPARE(naLinha, esperado);
@@ -120,7 +120,7 @@ private slots:
         mapa.mesasRefresh();
         QCOMPARE(mapa.card[6]->status(), qint16(1));
         QCOMPARE(mapa.card[6]->valor(), QStringLiteral("20"));
-        outro->executar(QStringLiteral("UPDATE Tb_Comandas SET status = 0 WHERE id_comanda = ?"), {id});
+        outro->executar(QStringLiteral("UPDATE Tb_Comandas SET status = 0 WHERE id_comanda = %1").arg(id));
         mapa.mesasRefresh();
         QCOMPARE(mapa.card[6]->status(), qint16(0));
         QCOMPARE(mapa.card[6]->valor(), QStringLiteral("0"));
@@ -142,9 +142,9 @@ private slots:
 
         // And the other way round: the map marks an idle row, and the other terminal reads it.
         tempoParaOcio = 0;
-        outro->executar(QStringLiteral("UPDATE Tb_Comandas SET status = 1 WHERE id_comanda = ?"), {id});
+        outro->executar(QStringLiteral("UPDATE Tb_Comandas SET status = 1 WHERE id_comanda = %1").arg(id));
         QTRY_COMPARE_WITH_TIMEOUT(
-            outro->consultar(QStringLiteral("SELECT status FROM Tb_Comandas WHERE id_comanda = ?"), {id})
+            outro->consultar(QStringLiteral("SELECT status FROM Tb_Comandas WHERE id_comanda = %1").arg(id))
                 .toInt(),
             4, 1500);
         QCOMPARE(mapa.card[2]->status(), qint16(4));
