@@ -1,5 +1,6 @@
 #include "Ferramentas.h"
 
+#include "platform/Connection.h"
 #include "platform/Paths.h"
 #include "platform/Process.h"
 #include "platform/SingleInstance.h"
@@ -7,6 +8,7 @@
 #include "startup/rotinasGerais.h"
 #include "startup/variaveisGlobais.h"
 #include "support/Support.h"
+#include "support/TestDatabase.h"
 #include "support/TestMain.h"
 
 #include <QApplication>
@@ -28,6 +30,23 @@ void iniciar() {
     }
 }
 
+// SERVER.ini naming the test's back-office database.
+void apontarParaOBanco(const TestEnvironment& env, const QString& preparo = QString()) {
+    const QString conexao = backOfficeDatabase(env);
+    escreverArquivo(env.machineFolder() + QStringLiteral("/SERVER.ini"),
+                    "[SERVIDOR]\r\nIPCONEXAO=" + databaseFileOf(conexao).toUtf8() + "\r\n");
+    if (!preparo.isEmpty()) {
+        Connection cn;
+        cn.Open(conexao);
+        cn.Execute(preparo);
+    }
+}
+
+const QStringList cincoPassos = {
+    QStringLiteral("Verificando arquivos de configuração..."), QStringLiteral("Obtendo servidor local..."),
+    QStringLiteral("Definindo Conexão..."), QStringLiteral("Verificando banco de dados..."),
+    QStringLiteral("Fazendo leitura dos dados locais...")};
+
 bool ampulheta() {
     return QApplication::overrideCursor() && QApplication::overrideCursor()->shape() == Qt::WaitCursor;
 }
@@ -43,6 +62,47 @@ class TestSplash : public QObject {
 
 private slots:
     void cleanup() { soltarPonteiro(); }
+
+    void inicioCompletoPassaPelosCincoPassos() {
+        TestEnvironment env;
+        apontarParaOBanco(env);
+        LinhasDeProgresso progresso;
+        iniciar();
+        QCOMPARE(progresso.linhas(), cincoPassos);
+        QVERIFY(boxes().isEmpty());
+        QVERIFY(!processEnded());
+        QVERIFY(!Form::isLoaded<Frm_Splash>());
+        QVERIFY(!QApplication::overrideCursor());
+        QCOMPARE(nomeFantasia, QStringLiteral("BAR DO TESTE"));
+        QVERIFY(controleUsuario);
+        QVERIFY(conexaoLocal.contains(QStringLiteral(";Database=Norvik;Uid=sa;Pwd=@vzqrmlkd#318")));
+    }
+
+    // A database where user control is off never reaches the login; the hourglass is left on.
+    void controleDeUsuarioDesligado() {
+        TestEnvironment env;
+        apontarParaOBanco(env, QStringLiteral("UPDATE Tb_Usuario SET conAcesso = 0"));
+        iniciar();
+        QVERIFY(processEnded());
+        QCOMPARE(boxes().size(), 1);
+        QCOMPARE(boxes().first().prompt, QStringLiteral("Ative o controle de usuário"));
+        QCOMPARE(boxes().first().style, int(vbCritical));
+        QCOMPARE(boxes().first().title, QStringLiteral("Atenção"));
+        QVERIFY(ampulheta());
+    }
+
+    // Settings that can't be read end the start with the default pointer.
+    void dadosLocaisFalhosEncerram() {
+        TestEnvironment env;
+        apontarParaOBanco(env, QStringLiteral("DELETE FROM Tb_ConVendas"));
+        LinhasDeProgresso progresso;
+        iniciar();
+        QCOMPARE(progresso.linhas(), cincoPassos);
+        QVERIFY(processEnded());
+        QCOMPARE(boxes().size(), 1);
+        QVERIFY(boxes().first().prompt.startsWith(QStringLiteral("Parâmetros não configurados!")));
+        QVERIFY(!QApplication::overrideCursor());
+    }
 
     // The folder must exist before the first start: without it the general handler's box stays
     // with the screen and the hourglass, and nothing else happens.
