@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QDateTime>
+#include <QString>
+
+// Small lookups and formats that several screens share. They hold no state; each lookup is one
+// round trip, nothing is cached.
+
+// The time since data as a tab shows it: "00h:05m", "123h:04m".
+QString tempoDecorrido(const QDateTime& data);
+
+// The next value of an entry field that fills from the right: the digits of texto, divided by
+// divisor, with casas decimals ("1,0005", 3, 1000 gives "10,005"). texto holds at least one digit.
+QString formataDecimal(const QString& texto, qint16 casas, double divisor);
+
+// Whether idColaborador may work on table mesa: it is free, or its open tab is theirs.
+bool podeMovimentarMesa(qint16 mesa);
+
+// Names by id; 0 gives "" without touching the database. An id with no row is a run-time error.
+QString nomeDoColaborador(qint16 id);
+QString nomeDoCliente(qint16 id);
+
+// valor cut (never rounded) to casas decimals; 0 on failure.
+double truncaDecimais(double valor, qint16 casas);
+
+// The open and unblocked tab of table mesa, 0 when there is none.
+qint16 idComandaDaMesa(qint16 mesa);
+
+// The highest item number of a tab, whatever the item's status; 0 when it has none.
+qint16 ultimoItemDaComanda(qint16 idComanda);

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "support/Support.h"
+
+#include <QString>
+#include <QVariant>
+
+// The back office as this system leaves it after its upgrade at start-up: the database of
+// backOfficeDatabase with the tab tables and the added columns (no staff has access yet), set as
+// conexaoLocal. Returns the connection string.
+QString bancoDeTeste(const TestEnvironment& env);
+
+// A statement on conexaoLocal, or on the connection string given (another terminal's).
+void executar(const QString& sql, const QString& conexao = QString());
+// The first field of the first row of a query on conexaoLocal.
+QVariant consultar(const QString& sql);
