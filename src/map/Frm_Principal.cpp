@@ -97,6 +97,8 @@ Frm_Principal::Frm_Principal() {
     List_Menu->setRootIsDecorated(false);
     List_Menu->setIconSize(QSize(32, 32));
     List_Menu->setFocusPolicy(Qt::StrongFocus);
+    connect(List_Menu, &QTreeWidget::itemClicked, this,
+            [this](QTreeWidgetItem* item) { List_Menu_ItemClick(List_Menu->indexOfTopLevelItem(item) + 1); });
 
     card.append(new Mesa(this, 0));
     card[0]->setLeft(4039);
@@ -104,6 +106,7 @@ Frm_Principal::Frm_Principal() {
     card[0]->setWidth(1335);
     card[0]->setHeight(1215);
     card[0]->setFont(font());
+    connect(card[0], &Mesa::Click, this, [this](int index) { card_Click(static_cast<qint16>(index)); });
 
     scrollBar = controle(new SmoothScrollBar(this), "scrollBar", 9780, 180, 255, 615);
     scrollBar->hide();
@@ -172,6 +175,7 @@ void Frm_Principal::montaMesas(qint16 quantidade) {
         const int indice = card.size();
         Mesa* nova = card[0]->carregarNova(indice);
         card.append(nova);
+        connect(nova, &Mesa::Click, this, [this](int index) { card_Click(static_cast<qint16>(index)); });
         nova->setVisible(true);
         nova->setNumero(static_cast<qint16>(indice + 1));
         nova->setTop(anterior->Top());
@@ -257,6 +261,20 @@ void Frm_Principal::scrollBar_Change() {
     }
     Timer->start();
     scrollAnterior = static_cast<qint16>(scrollBar->Value());
+}
+
+bool Frm_Principal::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::MouseButtonRelease) {
+        for (int i = 0; i < static_cast<int>(Frame.size()); ++i) {
+            if (watched != Frame[i])
+                continue;
+            const auto* mouse = static_cast<QMouseEvent*>(event);
+            if (mouse->button() == Qt::LeftButton && Frame[i]->rect().contains(mouse->position().toPoint()))
+                Frame_Click(i);
+            return true;
+        }
+    }
+    return Form::eventFilter(watched, event);
 }
 
 void Frm_Principal::Ado_Geral_Error(int ErrorNumber, bool& fCancelDisplay) {

@@ -52,13 +52,32 @@ public:
     void Timer_Timer();
     void scrollBar_Change();
 
+    void List_Menu_ItemClick(int item);
+    void Frame_Click(int Index);
+    void filtroMesas(int Index);
+    void card_Click(qint16 Index);
+    void validacoes(qint16 Index, bool& resultado);
+    void transferirMesa();
     void Ado_Geral_Error(int ErrorNumber, bool& fCancelDisplay);
 
 protected:
     void Form_Load() override;
     void Form_Activate() override;
+    void Form_KeyDown(int& KeyCode, int Shift) override;
+    void Control_KeyPress(QWidget* ctl, int& KeyAscii) override;
+    void Control_KeyUp(QWidget* ctl, int& KeyCode, int Shift) override;
+    void Control_GotFocus(QWidget* ctl) override;
+    void Control_LostFocus(QWidget* ctl) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void List_Menu_GotFocus();
+    void Text_mesa_GotFocus();
+    void Text_mesa_KeyPress(int& KeyAscii);
+    void Text_mesa_KeyUp(int& KeyCode, int Shift);
+    void Text_mesa_LostFocus();
+    // "0000" in the quick access field, and the focus to it.
+    void limparAcessoRapido();
     void setLegenda(QLabel* label, const QString& caption);
 
     qint16 scrollAnterior = 0;

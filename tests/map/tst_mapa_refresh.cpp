@@ -2,15 +2,18 @@
 
 #include "map/Frm_Principal.h"
 #include "map/Mesa.h"
+#include "map/SmoothScrollBar.h"
 #include "platform/Clock.h"
 #include "platform/Twips.h"
 #include "startup/variaveisGlobais.h"
 #include "support/Support.h"
 #include "support/TestMain.h"
 
+#include <QApplication>
 #include <QLabel>
 #include <QTest>
 #include <QTimer>
+#include <QWheelEvent>
 #include <cmath>
 #include <memory>
 
@@ -203,6 +206,35 @@ private slots:
 
         mapa.mesasRefresh();
         QCOMPARE(mapa.Label_Disponivel->text(), QStringLiteral("Disponível (%1)").arg(mesas));
+    }
+
+    // The wheel over the map moves the cards one step of a card's height + 90 per change, however far
+    // the value jumped, and only within the bounds the screen set.
+    void rodaDoMouseMoveOsCartoes() {
+        Frm_Principal& mapa = carregarMapa(30);
+        mapa.Show();
+        QCOMPARE(mapa.scrollBar->Max(), 0);
+        const double topo = mapa.card[0]->Top(), passo = mapa.card[0]->Height() + 90;
+        const auto girar = [&](int angulo) {
+            const QPointF ponto(5, 5);
+            QWheelEvent roda(ponto, mapa.mapToGlobal(ponto), QPoint(), QPoint(0, angulo), Qt::NoButton,
+                             Qt::NoModifier, Qt::NoScrollPhase, false);
+            QApplication::sendEvent(&mapa, &roda);
+        };
+        girar(-120);
+        QCOMPARE(mapa.card[0]->Top(), topo);
+
+        mapa.scrollBar->setMax(3);
+        girar(-120);
+        QCOMPARE(mapa.scrollBar->Value(), 3);
+        QCOMPARE(mapa.card[0]->Top(), topo - passo);
+        QCOMPARE(mapa.card[29]->Top(), mapa.card[25]->Top());
+        girar(-120);
+        QCOMPARE(mapa.card[0]->Top(), topo - passo);
+        girar(120);
+        QCOMPARE(mapa.scrollBar->Value(), 0);
+        QCOMPARE(mapa.card[0]->Top(), topo);
+        QVERIFY(mapa.Timer->isActive());
     }
 
     // A row whose table has no card is a failure the map doesn't handle: the process ends.

@@ -1,0 +1,347 @@
+#include "Mapa.h"
+
+#include "access/Frm_Acesso.h"
+#include "map/Frm_Principal.h"
+#include "map/Mesa.h"
+#include "platform/Connection.h"
+#include "platform/DataControl.h"
+#include "startup/variaveisGlobais.h"
+#include "store/Comanda.h"
+#include "support/Support.h"
+#include "support/TestMain.h"
+#include "table/Frm_Mesa.h"
+
+#include <QFile>
+#include <QFrame>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTest>
+#include <QTimer>
+#include <QTreeWidget>
+#include <memory>
+
+namespace {
+// The password prompt, answered as the person at the terminal would.
+void digitarSenha(const QString& senha) {
+    onNextModal<Frm_Acesso>([senha](Frm_Acesso* f) {
+        QTest::keyClicks(f->Text_senha, senha);
+        QTest::keyClick(f->Text_senha, Qt::Key_Return);
+    });
+}
+void desistirDaSenha() {
+    onNextModal<Frm_Acesso>([](Frm_Acesso* f) { QTest::keyClick(f->Text_senha, Qt::Key_Escape); });
+}
+// The table screen, left at once with Escape.
+void sairDaMesa(bool* aberta = nullptr) {
+    onNextModal<Frm_Mesa>([aberta](Frm_Mesa* f) {
+        if (aberta)
+            *aberta = comandaAtual != nullptr;
+        QTest::keyClick(f, Qt::Key_Escape);
+    });
+}
+
+QStringList textos(const QList<MsgBoxRecord>& lista) {
+    QStringList t;
+    for (const MsgBoxRecord& b : lista)
+        t << b.prompt;
+    return t;
+}
+
+QList<int> visiveis(const Frm_Principal& mapa) {
+    QList<int> mesas;
+    for (const Mesa* c : mapa.card)
+        if (!c->isHidden())
+            mesas << c->numero();
+    return mesas;
+}
+} // namespace
+
+class TestMapaNavegacao : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<TestEnvironment> ambiente;
+    std::unique_ptr<OutroTerminal> outro;
+
+    Frm_Principal& mapaNaTela() {
+        Frm_Principal& mapa = carregarMapa(30);
+        mapa.Show();
+        mapa.Timer->stop(); // the tests refresh the map themselves
+        if (!QTest::qWaitForWindowActive(&mapa))
+            qWarning("the map never became the active window");
+        mapa.Text_mesa->setFocus();
+        return mapa;
+    }
+    int linhas(const QString& condicao = QStringLiteral("1 = 1")) {
+        return outro->consultar(QStringLiteral("SELECT COUNT(*) FROM Tb_Comandas WHERE ") + condicao).toInt();
+    }
+
+private slots:
+    void init() {
+        ambiente = std::make_unique<TestEnvironment>();
+        outro = std::make_unique<OutroTerminal>(*ambiente);
+        tempoParaOcio = 10;
+        multiplosAtendentes = true;
+    }
+    void cleanup() {
+        setStatementObserver(nullptr);
+        ambiente.reset();
+        outro.reset();
+    }
+
+    // Numbers that reach no card are refused before the password is asked for.
+    void enterSemMesa_data() {
+        QTest::addColumn<QString>("digitado");
+        QTest::addColumn<QString>("mensagem");
+        QTest::addColumn<int>("estilo");
+        QTest::newRow("0000") << QString() << QStringLiteral("Esta mesa não existe")
+                              << (vbOKOnly | vbCritical);
+        QTest::newRow("0031 em 30 mesas")
+            << QStringLiteral("31") << QStringLiteral("Esta mesa não existe") << (vbOKOnly | vbCritical);
+        QTest::newRow("32768") << QStringLiteral("32768") << QStringLiteral("Esta mesa não existe")
+                               << (vbOKOnly | vbCritical);
+        QTest::newRow("32769 não cabe")
+            << QStringLiteral("32769") << QStringLiteral("Mesa inválida!") << (vbOKOnly | vbInformation);
+    }
+    void enterSemMesa() {
+        QFETCH(QString, digitado);
+        QFETCH(QString, mensagem);
+        QFETCH(int, estilo);
+        Frm_Principal& mapa = mapaNaTela();
+        QTest::keyClicks(mapa.Text_mesa, digitado);
+        QTest::keyClick(mapa.Text_mesa, Qt::Key_Return);
+        QCOMPARE(boxes().size(), 1);
+        QCOMPARE(boxes().first().prompt, mensagem);
+        QCOMPARE(boxes().first().style, estilo);
+        QCOMPARE(mapa.Text_mesa->text(), QStringLiteral("0000"));
+        QVERIFY(!Form::isLoaded<Frm_Acesso>());
+    }
+
+    void acessoRapidoEUmContadorQueDesloca() {
+        Frm_Principal& mapa = mapaNaTela();
+        QCOMPARE(mapa.Text_mesa->text(), QStringLiteral("0000"));
+        QTest::keyClicks(mapa.Text_mesa, QStringLiteral("1"));
+        QCOMPARE(mapa.Text_mesa->text(), QStringLiteral("0001"));
+        QTest::keyClicks(mapa.Text_mesa, QStringLiteral("2"));
+        QCOMPARE(mapa.Text_mesa->text(), QStringLiteral("0012"));
+        QCOMPARE(mapa.Text_mesa->cursorPosition(), 4);
+        QTest::keyClicks(mapa.Text_mesa, QStringLiteral("x"));
+        QCOMPARE(mapa.Text_mesa->text(), QStringLiteral("0012"));
+        // The slash gets in and the key-up takes it back with a backspace of its own.
+        QTest::keyClicks(mapa.Text_mesa, QStringLiteral("/"));
+        QTRY_COMPARE(mapa.Text_mesa->text(), QStringLiteral("0012"));
+        QTest::keyClicks(mapa.Text_mesa, QStringLiteral("345"));
+        QCOMPARE(mapa.Text_mesa->text(), QStringLiteral("12345"));
+        // Emptied, the field is given a zero back.
+        mapa.Text_mesa->selectAll();
+        QTest::keyClick(mapa.Text_mesa, Qt::Key_Backspace);
+        QTRY_COMPARE(mapa.Text_mesa->text(), QStringLiteral("0000"));
+    }
+
+    void digitoForaDeUmaCaixaDeTexto_data() {
+        QTest::addColumn<int>("tecla");
+        QTest::addColumn<int>("modificador");
+        QTest::addColumn<QString>("esperado");
+        QTest::newRow("7") << int(Qt::Key_7) << int(Qt::NoModifier) << QStringLiteral("0007");
+        QTest::newRow("teclado numérico 4")
+            << int(Qt::Key_4) << int(Qt::KeypadModifier) << QStringLiteral("0004");
+    }
+    void digitoForaDeUmaCaixaDeTexto() {
+        QFETCH(int, tecla);
+        QFETCH(int, modificador);
+        QFETCH(QString, esperado);
+        Frm_Principal& mapa = mapaNaTela();
+        mapa.List_Menu->setFocus();
+        QTRY_VERIFY(mapa.List_Menu->hasFocus());
+        QVERIFY(mapa.List_Menu->selectedItems().isEmpty());
+        QTest::keyClick(mapa.List_Menu, Qt::Key(tecla), Qt::KeyboardModifiers(modificador));
+        QCOMPARE(mapa.Text_mesa->text(), esperado);
+        QTRY_VERIFY(mapa.Text_mesa->hasFocus());
+    }
+
+    void mesaLivreRecusadaNaoDeixaLinha() {
+        Frm_Principal& mapa = mapaNaTela();
+        digitarSenha(QStringLiteral("123"));
+        queueAnswer(vbNo);
+        QTest::keyClicks(mapa.Text_mesa, QStringLiteral("5"));
+        QTest::keyClick(mapa.Text_mesa, Qt::Key_Return);
+        QCOMPARE(textos(boxes()),
+                 QStringList({QStringLiteral("Esta mesa encontra-se vazia, deseja iniciar a consumação?")}));
+        QCOMPARE(boxes().first().style, vbYesNo | vbQuestion);
+        QCOMPARE(linhas(), 0);
+        QCOMPARE(mapa.Text_mesa->text(), QStringLiteral("0005"));
+        QVERIFY(!comandaAtual);
+    }
+
+    void mesaLivreAbreAMesa() {
+        Frm_Principal& mapa = mapaNaTela();
+        digitarSenha(QStringLiteral("456"));
+        bool comComanda = false;
+        sairDaMesa(&comComanda);
+        QTest::keyClicks(mapa.Text_mesa, QStringLiteral("5"));
+        QTest::keyClick(mapa.Text_mesa, Qt::Key_Return);
+        QVERIFY(comComanda);
+        QVERIFY(!comandaAtual);
+        QCOMPARE(linhas(QStringLiteral("mesa = 5 AND status = 1 AND id_colaborador = 2")), 1);
+        QCOMPARE(mapa.Text_mesa->text(), QStringLiteral("0000"));
+        QTRY_VERIFY(mapa.Text_mesa->hasFocus());
+        mapa.mesasRefresh();
+        QCOMPARE(mapa.card[4]->status(), qint16(1));
+    }
+
+    // The row is read after the prompt: a table another terminal is working on costs the password.
+    void mesaEmEdicaoNoutroTerminal() {
+        Frm_Principal& mapa = mapaNaTela();
+        outro->abrirMesa(3, 2);
+        mapa.mesasRefresh();
+        digitarSenha(QStringLiteral("123"));
+        QTest::mouseClick(mapa.card[2], Qt::LeftButton);
+        QCOMPARE(textos(boxes()),
+                 QStringList({QStringLiteral("Mesa já está sendo movimentada neste momento")}));
+        QCOMPARE(boxes().first().style, vbOKOnly | vbInformation);
+        QVERIFY(!Form::isLoaded<Frm_Mesa>());
+        QCOMPARE(linhas(), 1);
+        QCOMPARE(linhas(QStringLiteral("status = 2")), 1);
+    }
+
+    void mesaDeOutroAtendente_data() {
+        QTest::addColumn<bool>("multiplos");
+        QTest::addColumn<bool>("entra");
+        QTest::newRow("um atendente por mesa") << false << false;
+        QTest::newRow("vários atendentes") << true << true;
+    }
+    void mesaDeOutroAtendente() {
+        QFETCH(bool, multiplos);
+        QFETCH(bool, entra);
+        multiplosAtendentes = multiplos;
+        Frm_Principal& mapa = mapaNaTela();
+        outro->abrirMesa(4, 1, 10, QDateTime(), 2);
+        mapa.mesasRefresh();
+        digitarSenha(QStringLiteral("123"));
+        bool abriu = false;
+        if (entra)
+            sairDaMesa(&abriu);
+        QTest::mouseClick(mapa.card[3], Qt::LeftButton);
+        QCOMPARE(abriu, entra);
+        if (!entra) {
+            QCOMPARE(textos(boxes()), QStringList({QStringLiteral("Você não pode executar essa ação!")}));
+            QCOMPARE(boxes().first().style, vbOKOnly | vbCritical);
+            QCOMPARE(boxes().first().title, QStringLiteral("Atenção"));
+        }
+        QCOMPARE(mapa.Text_mesa->text(), QStringLiteral("0000"));
+    }
+
+    void senhaDesistidaNaoDaMensagem() {
+        Frm_Principal& mapa = mapaNaTela();
+        desistirDaSenha();
+        QTest::keyClicks(mapa.Text_mesa, QStringLiteral("8"));
+        QTest::keyClick(mapa.Text_mesa, Qt::Key_Return);
+        QVERIFY(boxes().isEmpty());
+        QCOMPARE(mapa.Text_mesa->text(), QStringLiteral("0000"));
+        QCOMPARE(linhas(), 0);
+    }
+
+    void filtros() {
+        Frm_Principal& mapa = mapaNaTela();
+        outro->abrirMesa(3, 1);
+        outro->abrirMesa(7, 1);
+        outro->abrirMesa(9, 3);
+
+        QTest::mouseClick(mapa.Frame[1], Qt::LeftButton);
+        QCOMPARE(visiveis(mapa), QList<int>({3, 7}));
+        // No table in edition: the earlier filter stays.
+        QTest::mouseClick(mapa.Frame[2], Qt::LeftButton);
+        QCOMPARE(textos(boxes()), QStringList({QStringLiteral("Não há mesas para o filtro selecionado")}));
+        QCOMPARE(boxes().first().style, vbOKOnly | vbInformation);
+        QCOMPARE(visiveis(mapa), QList<int>({3, 7}));
+
+        QTest::mouseClick(mapa.Frame[0], Qt::LeftButton);
+        QCOMPARE(visiveis(mapa).size(), 27);
+        QVERIFY(!visiveis(mapa).contains(9));
+
+        // Hidden cards are still refreshed and counted.
+        mapa.mesasRefresh();
+        QCOMPARE(mapa.Label_Ocupada->text(), QStringLiteral("Ocupada (2)"));
+
+        int consultas = 0;
+        setStatementObserver([&consultas](const QString&) { ++consultas; });
+        QTest::mouseClick(mapa.Frame[5], Qt::LeftButton);
+        QCOMPARE(visiveis(mapa).size(), 30);
+        QCOMPARE(consultas, 0);
+    }
+
+    // The filter "Disponível" looks for the occupied tables, so with none it finds nothing.
+    void disponivelSemMesaOcupada() {
+        Frm_Principal& mapa = mapaNaTela();
+        QTest::mouseClick(mapa.Frame[0], Qt::LeftButton);
+        QCOMPARE(textos(boxes()), QStringList({QStringLiteral("Não há mesas para o filtro selecionado")}));
+        QCOMPARE(visiveis(mapa).size(), 30);
+    }
+
+    // A lost database is the one error the filter's data control keeps to itself; the failure still
+    // ends the process, with the run time's report alone.
+    void filtroSemBancoSoDaORelatorio() {
+        Frm_Principal& mapa = mapaNaTela();
+        QFile estragado(ambiente->scratchPath(QStringLiteral("estragado.db")));
+        QVERIFY(estragado.open(QIODevice::WriteOnly));
+        estragado.write(QByteArray(4096, 'x'));
+        estragado.close();
+        mapa.Ado_Geral->ConnectionString =
+            QStringLiteral("Provider=SQLNCLI;Server=%1;Database=Norvik;Uid=sa;Pwd=;")
+                .arg(estragado.fileName());
+        QTest::mouseClick(mapa.Frame[1], Qt::LeftButton);
+        QVERIFY(processEnded());
+        QCOMPARE(boxes().size(), 1);
+        QVERIFY(boxes().first().prompt.startsWith(QStringLiteral("Run-time error '-2147467259':")));
+    }
+
+    void menuComDireito_data() {
+        QTest::addColumn<int>("tecla");
+        QTest::addColumn<QString>("senha");
+        QTest::addColumn<QStringList>("mensagens");
+        const QStringList recusa({QStringLiteral("Você não pode executar essa ação")});
+        QTest::newRow("F1 sem direito") << int(Qt::Key_F1) << QStringLiteral("123") << recusa;
+        QTest::newRow("F1 com direito") << int(Qt::Key_F1) << QStringLiteral("456") << QStringList();
+        QTest::newRow("F2 sem direito") << int(Qt::Key_F2) << QStringLiteral("123") << recusa;
+        QTest::newRow("F2 com direito") << int(Qt::Key_F2) << QStringLiteral("456") << QStringList();
+        QTest::newRow("F1 sem senha") << int(Qt::Key_F1) << QString() << QStringList();
+    }
+    void menuComDireito() {
+        QFETCH(int, tecla);
+        QFETCH(QString, senha);
+        QFETCH(QStringList, mensagens);
+        Frm_Principal& mapa = mapaNaTela();
+        if (senha.isEmpty())
+            desistirDaSenha();
+        else
+            digitarSenha(senha);
+        mapa.List_Menu->setFocus();
+        QTest::keyClick(mapa.List_Menu, Qt::Key(tecla));
+        QCOMPARE(textos(boxes()), mensagens);
+        if (!mensagens.isEmpty())
+            QCOMPARE(boxes().first().title, QStringLiteral("Atenção"));
+        QTRY_VERIFY(mapa.Text_mesa->hasFocus());
+    }
+
+    void sair() {
+        Frm_Principal& mapa = mapaNaTela();
+        queueAnswer(vbNo);
+        QTest::keyClick(mapa.Text_mesa, Qt::Key_Escape);
+        QCOMPARE(textos(boxes()), QStringList({QStringLiteral("Deseja realmente sair?")}));
+        QCOMPARE(boxes().first().style, vbYesNo | vbQuestion);
+        QVERIFY(!processEnded());
+        QTRY_VERIFY(mapa.Text_mesa->hasFocus());
+
+        // From the menu entry itself this time.
+        QTreeWidgetItem* sair = mapa.List_Menu->topLevelItem(2);
+        QCOMPARE(sair->text(0), QStringLiteral("Sair"));
+        QCOMPARE(sair->toolTip(0), QStringLiteral("Sair"));
+        queueAnswer(vbYes);
+        QTest::mouseClick(mapa.List_Menu->viewport(), Qt::LeftButton, {},
+                          mapa.List_Menu->visualItemRect(sair).center());
+        QVERIFY(processEnded());
+        QVERIFY(!Form::isLoaded<Frm_Principal>());
+    }
+};
+
+ZARVEL_TEST(TestMapaNavegacao)
+#include "tst_mapa_navegacao.moc"
