@@ -14,6 +14,7 @@
 #include <QApplication>
 #include <QFrame>
 #include <QLabel>
+#include <QScreen>
 #include <QVBoxLayout>
 
 namespace {
@@ -36,6 +37,7 @@ Frm_Splash::Frm_Splash() {
     setWindowTitle(programTitle());
     setWindowFlags(Qt::SplashScreen | Qt::WindowStaysOnTopHint);
     resize(480, 300);
+    move(screen()->availableGeometry().center() - rect().center());
 
     Ado_Inicializacao = new DataControl(QStringLiteral("Ado_Inicializacao"), this);
     Ado_Inicializacao->ConnectionTimeout = 15;
