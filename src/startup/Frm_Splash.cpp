@@ -1,5 +1,6 @@
 #include "startup/Frm_Splash.h"
 
+#include "access/Frm_Login.h"
 #include "platform/DataControl.h"
 #include "platform/MsgBox.h"
 #include "platform/Process.h"
@@ -119,7 +120,7 @@ void Frm_Splash::inicializacao() {
 
         ponteiroPadrao();
         Unload();
-        // Seam: the login screen takes over here once it is built.
+        Frm_Login::instance().Show();
     } catch (const RuntimeError& erro) {
         // Nothing further: the screen stays, with the hourglass, until the process is closed.
         MsgBox(describe(erro), vbOKOnly, programTitle());

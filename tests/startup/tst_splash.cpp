@@ -1,5 +1,6 @@
 #include "Ferramentas.h"
 
+#include "access/Frm_Login.h"
 #include "platform/Connection.h"
 #include "platform/Paths.h"
 #include "platform/Process.h"
@@ -12,6 +13,7 @@
 #include "support/TestMain.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QLabel>
 #include <QProcess>
 #include <QRegularExpression>
@@ -65,13 +67,18 @@ private slots:
 
     void inicioCompletoPassaPelosCincoPassos() {
         TestEnvironment env;
-        apontarParaOBanco(env);
+        // The back office has already let its staff in.
+        apontarParaOBanco(env,
+                          QStringLiteral("ALTER TABLE Tb_Colaborador ADD bZarvel bit NOT NULL DEFAULT 1"));
         LinhasDeProgresso progresso;
         iniciar();
         QCOMPARE(progresso.linhas(), cincoPassos);
         QVERIFY(boxes().isEmpty());
         QVERIFY(!processEnded());
         QVERIFY(!Form::isLoaded<Frm_Splash>());
+        QVERIFY(Form::isLoaded<Frm_Login>());
+        QVERIFY(Frm_Login::instance().isVisible());
+        QCOMPARE(Frm_Login::instance().cmbUsuario->currentText(), QStringLiteral("ANA"));
         QVERIFY(!QApplication::overrideCursor());
         QCOMPARE(nomeFantasia, QStringLiteral("BAR DO TESTE"));
         QVERIFY(controleUsuario);
