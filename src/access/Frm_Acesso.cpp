@@ -22,6 +22,7 @@ Frm_Acesso::Frm_Acesso() {
     Text_senha = new QLineEdit(this);
     Text_senha->setObjectName(QStringLiteral("Text_senha"));
     Text_senha->setEchoMode(QLineEdit::Password);
+    Text_senha->setStyleSheet(QStringLiteral("lineedit-password-character: 42")); // "*"
     QFont grande = Text_senha->font();
     grande.setPointSize(14);
     Text_senha->setFont(grande);

@@ -40,6 +40,7 @@ Frm_Login::Frm_Login() {
     txtSenha = new QLineEdit(this);
     txtSenha->setObjectName(QStringLiteral("txtSenha"));
     txtSenha->setEchoMode(QLineEdit::Password);
+    txtSenha->setStyleSheet(QStringLiteral("lineedit-password-character: 42")); // "*"
     cmdEntrar = new QPushButton(QStringLiteral("Entrar"), this);
     cmdEntrar->setObjectName(QStringLiteral("cmdEntrar"));
     cmdEntrar->setAutoDefault(false);

@@ -70,17 +70,19 @@ private slots:
         prepararBanco(env);
         if (!ajuste.isEmpty())
             executar(ajuste);
-        QString selecionado;
+        QString selecionado, mostrado;
         onNextModal<Frm_Acesso>([&](Frm_Acesso* f) {
             QTest::keyClicks(f->Text_senha, senha);
             QTest::keyClick(f->Text_senha, Qt::Key_Return);
             QVERIFY(!f->isUnloaded());
             selecionado = f->Text_senha->selectedText();
+            mostrado = f->Text_senha->displayText();
             QTest::keyClick(f->Text_senha, Qt::Key_Escape);
         });
         Frm_Acesso::instance().ShowModal();
         QCOMPARE(caixas(), QStringList{atencao(QStringLiteral("Senha inválida"))});
         QCOMPARE(selecionado, senha);
+        QCOMPARE(mostrado, QString(senha.size(), QLatin1Char('*')));
         QVERIFY(!acessoAutorizado);
         QCOMPARE(idColaborador, qint16(0));
     }

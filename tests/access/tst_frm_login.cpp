@@ -53,7 +53,8 @@ private slots:
         QCOMPARE(nomes(f.cmbUsuario), (QStringList{QStringLiteral("BRUNO"), QStringLiteral("D'ÁVILA")}));
         QCOMPARE(f.cmbUsuario->currentIndex(), 0);
         QVERIFY(!f.cmbUsuario->isEditable());
-        QCOMPARE(f.txtSenha->echoMode(), QLineEdit::Password);
+        QTest::keyClicks(f.txtSenha, QStringLiteral("456"));
+        QCOMPARE(f.txtSenha->displayText(), QStringLiteral("***"));
     }
 
     void ninguemComAcessoEncerra() {
