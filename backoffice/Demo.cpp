@@ -1,6 +1,8 @@
 #include "backoffice/Demo.h"
 
 #include "backoffice/BackOffice.h"
+#include "startup/atualizarBanco.h"
+#include "startup/variaveisGlobais.h"
 
 namespace {
 struct Product {
@@ -92,25 +94,6 @@ const char* kBackOfficeRows[] = {
     "BEBIDAS LTDA', 1)",
 };
 
-// Rights and settings the program's upgrade adds to the back office's tables.
-// TODO(startup): run atualizarBanco here once it is on main, instead of these columns.
-const char* kUpgradeColumns[] = {
-    "ALTER TABLE Tb_ConVendas ADD bImprimirItens bit NOT NULL DEFAULT 0",
-    "ALTER TABLE Tb_ConVendas ADD bBloquearAposConferencia bit NOT NULL DEFAULT 0",
-    "ALTER TABLE Tb_ConVendas ADD iQuantidadeMesa tinyint NOT NULL DEFAULT 0",
-    "ALTER TABLE Tb_ConVendas ADD iTempoParaOcio tinyint NOT NULL DEFAULT 0",
-    "ALTER TABLE Tb_ConVendas ADD bExibirObservacao bit NOT NULL DEFAULT 0",
-    "ALTER TABLE Tb_ConVendas ADD bMultiplosAtendentes bit NOT NULL DEFAULT 0",
-    "ALTER TABLE Tb_Colaborador ADD bZarvel bit NOT NULL DEFAULT 0",
-    "ALTER TABLE Tb_Colaborador ADD bTransferirItem bit NOT NULL DEFAULT 0",
-    "ALTER TABLE Tb_Colaborador ADD bTransferirMesa bit NOT NULL DEFAULT 0",
-    "ALTER TABLE Tb_Colaborador ADD bReimprimir bit NOT NULL DEFAULT 0",
-    "ALTER TABLE Tb_Colaborador ADD bConfiguracoes bit NOT NULL DEFAULT 0",
-    "ALTER TABLE Tb_Colaborador ADD bTaxa bit NOT NULL DEFAULT 0",
-    "ALTER TABLE Tb_Colaborador ADD bCancelar bit NOT NULL DEFAULT 0",
-    "ALTER TABLE Tb_Colaborador ADD bExcluir bit NOT NULL DEFAULT 0",
-};
-
 // What the back office sets once this system's columns exist.
 const char* kRightsAndSettings[] = {
     "UPDATE Tb_Colaborador SET bZarvel = 1, bTransferirItem = 1, bTransferirMesa = 1, bReimprimir = 1, "
@@ -148,8 +131,10 @@ void createDemoDatabase(const QString& connectionString) {
                                    .arg(p.codigo)
                                    .arg(p.estoque));
     }
-    for (const char* statement : kUpgradeColumns)
-        execute(connection, statement);
+    // The rights and settings columns, as the program's own first start adds them.
+    conexaoLocal = connectionString;
+    servidorLocal = databaseFileOf(connectionString);
+    atualizarBanco();
     for (const char* statement : kRightsAndSettings)
         execute(connection, statement);
 }

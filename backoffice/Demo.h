@@ -10,5 +10,7 @@
 //   2 CARLA CAIXA      2580  transfers, reprint, service rate, cancel
 //   3 JOÃO GARÇOM      1357  reprint, exclude items
 //   4 MARIA GARÇONETE  2468  none
+// The program's schema upgrade runs on it in between (as conexaoLocal, which stays set), so the
+// database is as the first start of the program leaves it: tab tables made, rights columns added.
 // For SQLite the file must not exist yet.
 void createDemoDatabase(const QString& connectionString);

@@ -6,17 +6,34 @@
 #include "backoffice/BackOffice.h"
 #include "backoffice/Demo.h"
 #include "platform/Connection.h"
+#include "platform/MsgBox.h"
+#include "platform/Process.h"
 #include "platform/Profile.h"
 #include "platform/RuntimeError.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <cstdio>
+// A half-made database would pass for a good one at the next run.
+static void removeDatabase(const QString& file) {
+    closePooledDatabases();
+    for (const QString& suffix : {QString(), QStringLiteral("-wal"), QStringLiteral("-shm")})
+        QFile::remove(file + suffix);
+}
 
 int main(int argc, char** argv) {
-    QCoreApplication app(argc, argv);
+    // The upgrade asks for the default printer and may report on the start-up screen: it needs a
+    // GUI application, never shown, so no display is needed.
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    setMsgBoxHook([](const MsgBoxRecord& box) {
+        std::fprintf(stderr, "zarvel-demo: %s\n", qPrintable(box.prompt));
+        return vbOK;
+    });
+    setEndProcessHandler([](int) {}); // endProcess then throws ProcessEnded
     const QStringList args = app.arguments();
     if (args.size() != 3) {
         std::fprintf(stderr, "usage: zarvel-demo <db-file> <machine-folder>\n");
@@ -30,11 +47,11 @@ int main(int argc, char** argv) {
             QDir().mkpath(QFileInfo(file).absolutePath());
             createDemoDatabase(connectionString);
         } catch (const RuntimeError& error) {
-            // A half-made database would pass for a good one at the next run.
-            closePooledDatabases();
-            for (const QString& suffix : {QString(), QStringLiteral("-wal"), QStringLiteral("-shm")})
-                QFile::remove(file + suffix);
             std::fprintf(stderr, "zarvel-demo: %s\n", qPrintable(describe(error)));
+            removeDatabase(file);
+            return 1;
+        } catch (const ProcessEnded&) {
+            removeDatabase(file);
             return 1;
         }
         std::printf("Demo database made: %s\n", qPrintable(file));
