@@ -157,6 +157,9 @@ void Frm_Principal::Form_Load() {
         item->setToolTip(0, QString::fromUtf8(e.dica));
         item->setSelected(false);
     }
+    for (QLabel* label : {Lbl_acesso_rapido, Label_Todas, Label_Disponivel, Label_Ocupada, Label_Edicao,
+                          Label_Conferencia, Label_Ociosa})
+        larguraDoTexto(label);
 }
 
 void Frm_Principal::Form_Activate() {
@@ -246,7 +249,12 @@ void Frm_Principal::setLegenda(QLabel* label, const QString& caption) {
     if (label->text() == caption)
         return;
     label->setText(caption);
-    // The legend's labels size themselves to their text, so that a count of two digits shows whole.
+    larguraDoTexto(label);
+}
+
+void Frm_Principal::larguraDoTexto(QLabel* label) {
+    // The labels size themselves to their text, so that a count of two digits or a wider font than
+    // the design's shows whole.
     label->resize(std::max(label->width(), label->sizeHint().width()), label->height());
 }
 

@@ -79,6 +79,7 @@ private:
     // "0000" in the quick access field, and the focus to it.
     void limparAcessoRapido();
     void setLegenda(QLabel* label, const QString& caption);
+    static void larguraDoTexto(QLabel* label);
 
     qint16 scrollAnterior = 0;
 };
