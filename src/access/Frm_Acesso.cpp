@@ -7,6 +7,7 @@
 
 #include <QLabel>
 #include <QLineEdit>
+#include <QScreen>
 #include <QVBoxLayout>
 
 Frm_Acesso::Frm_Acesso() {
@@ -33,6 +34,7 @@ Frm_Acesso::Frm_Acesso() {
     layout->addWidget(lblSenha);
     layout->addWidget(Text_senha);
     setFixedSize(300, 110);
+    move(screen()->availableGeometry().center() - rect().center());
 }
 
 Frm_Acesso::~Frm_Acesso() = default;

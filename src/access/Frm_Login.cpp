@@ -12,6 +12,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
 
 Frm_Login::Frm_Login() {
     setObjectName(QStringLiteral("Frm_Login"));
@@ -58,6 +59,7 @@ Frm_Login::Frm_Login() {
     layout->setColumnMinimumWidth(0, 170);
     layout->setColumnMinimumWidth(1, 220);
     setFixedSize(sizeHint());
+    move(screen()->availableGeometry().center() - rect().center());
 }
 
 Frm_Login::~Frm_Login() = default;
