@@ -1,6 +1,6 @@
-#include "TabTables.h"
 #include "platform/Connection.h"
 #include "platform/RuntimeError.h"
+#include "support/BancoDeTeste.h"
 #include "support/Support.h"
 #include "support/TestDatabase.h"
 #include "support/TestMain.h"
@@ -37,7 +37,7 @@ class TestFilter : public QObject {
 private slots:
     void init() {
         env = std::make_unique<TestEnvironment>();
-        db = backOfficeDatabase(*env);
+        db = bancoDeTeste(*env);
     }
     void cleanup() { env.reset(); }
 
@@ -197,7 +197,6 @@ private slots:
     // Marking an item printed: the change is made on the current row, the filter narrows the copy
     // to that row, and Update stores it.
     void changeThenFilterThenUpdate() {
-        createTabTables(db);
         Connection connection;
         connection.Open(db);
         connection.Execute(

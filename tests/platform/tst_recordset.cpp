@@ -1,7 +1,7 @@
-#include "TabTables.h"
 #include "platform/Connection.h"
 #include "platform/DataControl.h"
 #include "platform/RuntimeError.h"
+#include "support/BancoDeTeste.h"
 #include "support/Support.h"
 #include "support/TestDatabase.h"
 #include "support/TestMain.h"
@@ -45,8 +45,7 @@ class TestRecordset : public QObject {
 private slots:
     void init() {
         env = std::make_unique<TestEnvironment>();
-        db = backOfficeDatabase(*env);
-        createTabTables(db);
+        db = bancoDeTeste(*env);
     }
     void cleanup() { env.reset(); }
 

@@ -1,5 +1,5 @@
-#include "TabTables.h"
 #include "platform/Connection.h"
+#include "support/BancoDeTeste.h"
 #include "support/Support.h"
 #include "support/TestDatabase.h"
 #include "support/TestMain.h"
@@ -14,14 +14,10 @@ class TestStatements : public QObject {
 private slots:
     void initTestCase() {
         env = std::make_unique<TestEnvironment>();
-        db = backOfficeDatabase(*env);
-        createTabTables(db);
+        db = bancoDeTeste(*env);
         Connection connection;
         connection.Open(db);
         const char* setup[] = {
-            // The upgrade's columns that the queries read.
-            "ALTER TABLE Tb_Colaborador ADD bZarvel bit NOT NULL DEFAULT 0",
-            "ALTER TABLE Tb_ConVendas ADD iQuantidadeMesa tinyint NOT NULL DEFAULT 0",
             "UPDATE Tb_Colaborador SET bZarvel = 1 WHERE ID_Colaborador < 3",
             "INSERT INTO Tb_Comandas (data_criacao, status, mesa, id_colaborador, servico, valor_servico, "
             "valor_total, "
