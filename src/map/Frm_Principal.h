@@ -2,6 +2,8 @@
 
 #include "platform/Form.h"
 
+#include <functional>
+
 #include <QList>
 #include <array>
 
@@ -58,6 +60,7 @@ public:
     void card_Click(qint16 Index);
     void validacoes(qint16 Index, bool& resultado);
     void transferirMesa();
+    void opcaoProtegida(const bool& direito, const std::function<void()>& abrir);
     void Ado_Geral_Error(int ErrorNumber, bool& fCancelDisplay);
 
 protected:

@@ -119,34 +119,28 @@ void Frm_Principal::List_Menu_GotFocus() {
         List_Menu->topLevelItem(i)->setSelected(false);
 }
 
+// The guarded entries: the prompt, then the right as the prompt has just loaded it.
+void Frm_Principal::opcaoProtegida(const bool& direito, const std::function<void()>& abrir) {
+    Frm_Acesso::instance().ShowModal();
+    if (acessoAutorizado) {
+        if (direito)
+            abrir();
+        else
+            MsgBox(QStringLiteral("Você não pode executar essa ação"), vbOKOnly | vbCritical,
+                   QStringLiteral("Atenção"));
+    }
+    Text_mesa->setFocus();
+}
+
 void Frm_Principal::List_Menu_ItemClick(int item) {
     try {
         switch (item) {
         case 1:
-            Frm_Acesso::instance().ShowModal();
-            if (!acessoAutorizado) {
-                Text_mesa->setFocus();
-            } else if (podeTransferirMesa) {
-                transferirMesa();
-                Text_mesa->setFocus();
-            } else {
-                MsgBox(QStringLiteral("Você não pode executar essa ação"), vbOKOnly | vbCritical,
-                       QStringLiteral("Atenção"));
-                Text_mesa->setFocus();
-            }
+            opcaoProtegida(podeTransferirMesa, [this] { transferirMesa(); });
             break;
         case 2:
-            Frm_Acesso::instance().ShowModal();
-            if (!acessoAutorizado) {
-                Text_mesa->setFocus();
-            } else if (podeConfigurar) {
-                // Frm_Configuracao is shown modally here once the settings screen exists.
-                Text_mesa->setFocus();
-            } else {
-                MsgBox(QStringLiteral("Você não pode executar essa ação"), vbOKOnly | vbCritical,
-                       QStringLiteral("Atenção"));
-                Text_mesa->setFocus();
-            }
+            // Frm_Configuracao is shown modally here once the settings screen exists.
+            opcaoProtegida(podeConfigurar, [] {});
             break;
         case 3:
             if (MsgBox(QStringLiteral("Deseja realmente sair?"), vbYesNo | vbQuestion,

@@ -263,11 +263,7 @@ bool tentar(const std::function<void()>& comando) {
         comando();
         return true;
     } catch (const RuntimeError& erro) {
-        if (erro.Number == vbErr::ConnectionFailure)
-            encerrarPorFalhaDeConexao();
-        const QString mensagem = describe(erro);
-        exibirProgresso(mensagem);
-        MsgBox(mensagem, vbCritical, QStringLiteral("Atenção"));
+        relatarFalha(erro);
         return false;
     }
 }

@@ -81,6 +81,14 @@ void encerrarPorFalhaDeConexao() {
     endProcess();
 }
 
+void relatarFalha(const RuntimeError& erro) {
+    if (erro.Number == vbErr::ConnectionFailure)
+        encerrarPorFalhaDeConexao();
+    const QString mensagem = describe(erro);
+    exibirProgresso(mensagem);
+    MsgBox(mensagem, vbCritical, QStringLiteral("Atenção"));
+}
+
 namespace {
 void avisarParametros() {
     MsgBox(QStringLiteral("Parâmetros não configurados!\r\nServidor: \\\\") + servidorLocal, vbCritical,
@@ -134,11 +142,7 @@ bool lerDadosLocais() {
         controleUsuario = CBool(usuario.Fields(QStringLiteral("conAcesso")).Value());
         return true;
     } catch (const RuntimeError& erro) {
-        if (erro.Number == vbErr::ConnectionFailure)
-            encerrarPorFalhaDeConexao();
-        const QString mensagem = describe(erro);
-        exibirProgresso(mensagem);
-        MsgBox(mensagem, vbCritical, QStringLiteral("Atenção"));
+        relatarFalha(erro);
         return false;
     }
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+class RuntimeError;
+
 #include <QByteArray>
 #include <QString>
 
@@ -34,3 +36,7 @@ bool lerDadosLocais();
 // A lost or refused connection during start-up and settings: the message on the progress line and
 // in a box, then the end of the process.
 [[noreturn]] void encerrarPorFalhaDeConexao();
+
+// The start-up's handler: a lost connection ends the process as above; any other error shows its
+// description and number on the progress line and in a box.
+void relatarFalha(const RuntimeError& erro);
