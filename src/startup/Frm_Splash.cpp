@@ -36,7 +36,8 @@ void ponteiroPadrao() {
 Frm_Splash::Frm_Splash() {
     setObjectName(QStringLiteral("Frm_Splash"));
     setWindowTitle(programTitle());
-    setWindowFlags(Qt::SplashScreen | Qt::WindowStaysOnTopHint);
+    // Not kept on top: the start's failure boxes come up over this screen and must stay visible.
+    setWindowFlags(Qt::SplashScreen);
     resize(480, 300);
     move(screen()->availableGeometry().center() - rect().center());
 

@@ -127,6 +127,8 @@ private slots:
         QVERIFY(!processEnded());
         QVERIFY(Form::isLoaded<Frm_Splash>());
         QVERIFY(Frm_Splash::instance().isVisible());
+        // The box comes up over the screen that stays: a screen kept on top would hide it.
+        QVERIFY(!(Frm_Splash::instance().windowFlags() & Qt::WindowStaysOnTopHint));
         QVERIFY(ampulheta());
         QVERIFY(servidorLocal.isEmpty());
     }
