@@ -22,10 +22,10 @@ public:
     QLabel* lblWarning;
     QLabel* lblVersion;
 
+    // The start-up steps, from the configuration file to the login; any of them may end the process.
+    void inicializacao();
+
 protected:
     void Form_Load() override;
     void Form_Activate() override;
-
-private:
-    void inicializacao();
 };

@@ -2,9 +2,9 @@
 
 #include "platform/Clock.h"
 #include "platform/Paths.h"
-#include "platform/Process.h"
 #include "platform/RuntimeError.h"
 #include "platform/VbText.h"
+#include "startup/ExecCmd.h"
 #include "startup/rotinasGerais.h"
 
 #include <QDir>
@@ -75,8 +75,4 @@ void gravarLog(const QString& mensagem) {
     // Text files of this machine are in its 8-bit code page.
     QStringEncoder codigo("windows-1252");
     log.write(codigo.encode(linha));
-}
-
-void ExecCmd(const QString& linhaDeComando) {
-    startAndWait(linhaDeComando);
 }

@@ -13,6 +13,3 @@ void criarAtualizadorIni(const QString& pasta);
 
 // Appends "date time - message" to the day's file under log in the program folder.
 void gravarLog(const QString& mensagem);
-
-// Starts the command and waits for it to end, without limit.
-void ExecCmd(const QString& linhaDeComando);
