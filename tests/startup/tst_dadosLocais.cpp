@@ -13,7 +13,6 @@
 #include "support/TestDatabase.h"
 #include "support/TestMain.h"
 
-#include <QFileInfo>
 #include <QLabel>
 #include <QTest>
 
@@ -22,10 +21,6 @@ void executar(const QString& sql) {
     Connection cn;
     cn.Open(conexaoLocal);
     cn.Execute(sql);
-}
-
-QString mensagemDeParametros() {
-    return QStringLiteral("Parâmetros não configurados!\r\nServidor: \\\\") + servidorLocal;
 }
 } // namespace
 
@@ -47,6 +42,8 @@ private slots:
             QStringLiteral("UPDATE Tb_ConVendas SET Fantasia = '  BAR DO TESTE  ', bMultiplosAtendentes = 1, "
                            "bExibirObservacao = 1, bProdutos = 1, bImprimirItens = 1, iQuantidadeMesa = 12, "
                            "iTempoParaOcio = 15, iTaxa = 12.5"));
+        // With two company rows the first one counts.
+        executar(QStringLiteral("INSERT INTO Tb_Usuario (CNPJ, RS, conAcesso) VALUES ('99', 'SEGUNDA', 0)"));
         QVERIFY(lerDadosLocais());
         QVERIFY(boxes().isEmpty());
         QCOMPARE(nomeFantasia, QStringLiteral("BAR DO TESTE"));
@@ -119,56 +116,55 @@ private slots:
         executar(preparo);
         QVERIFY(!lerDadosLocais());
         QCOMPARE(boxes().size(), 1);
-        QCOMPARE(boxes().first().prompt, mensagemDeParametros());
+        QCOMPARE(boxes().first().prompt,
+                 QStringLiteral("Parâmetros não configurados!\r\nServidor: \\\\") + servidorLocal);
         QCOMPARE(boxes().first().style, int(vbCritical));
         QCOMPARE(boxes().first().title, QStringLiteral("Atenção"));
         QCOMPARE(nomeFantasia, fantasia);
         QVERIFY(!processEnded());
     }
 
-    void doisUsuariosValeOPrimeiro() {
-        executar(QStringLiteral("INSERT INTO Tb_Usuario (CNPJ, RS, conAcesso) VALUES ('99', 'SEGUNDA', 0)"));
-        QVERIFY(lerDadosLocais());
-        QCOMPARE(razaoSocial, QStringLiteral("BAR DO TESTE LTDA"));
-        QVERIFY(controleUsuario);
+    // Only bProdutos reads a Null as false; a Null anywhere else, or a missing column, is a run-time
+    // error that the routine reports on the progress line and in a box, and the reading fails. Only
+    // a failed connection keeps the data control quiet: a failed query shows its own box first.
+    void valoresQueNaoSeLeem_data() {
+        QTest::addColumn<QString>("preparo");
+        QTest::addColumn<int>("erro"); // 0: read
+        QTest::addColumn<int>("caixas");
+        const int nulo = vbErr::InvalidUseOfNull;
+        QTest::newRow("bProdutos nulo")
+            << QStringLiteral("UPDATE Tb_ConVendas SET bProdutos = NULL") << 0 << 0;
+        QTest::newRow("bServico nulo")
+            << QStringLiteral("UPDATE Tb_ConVendas SET bServico = NULL") << nulo << 1;
+        QTest::newRow("Fantasia nula")
+            << QStringLiteral("UPDATE Tb_ConVendas SET Fantasia = NULL") << nulo << 1;
+        QTest::newRow("sem conAcesso") << QStringLiteral("ALTER TABLE Tb_Usuario DROP COLUMN conAcesso")
+                                       << int(vbErr::ItemNotFound) << 1;
+        QTest::newRow("sem Tb_Usuario")
+            << QStringLiteral("DROP TABLE Tb_Usuario") << int(vbErr::SyntaxError) << 2;
     }
-
-    // Only bProdutos reads a Null as false; a Null anywhere else is the run time's conversion error.
-    void nulos_data() {
-        QTest::addColumn<QString>("coluna");
-        QTest::addColumn<bool>("lido");
-        QTest::newRow("bProdutos") << QStringLiteral("bProdutos") << true;
-        QTest::newRow("bServico") << QStringLiteral("bServico") << false;
-        QTest::newRow("Fantasia") << QStringLiteral("Fantasia") << false;
-    }
-    void nulos() {
-        QFETCH(QString, coluna);
-        QFETCH(bool, lido);
-        // The back office's own definition of bServico doesn't allow a Null: make it as an older one did.
+    void valoresQueNaoSeLeem() {
+        QFETCH(QString, preparo);
+        QFETCH(int, erro);
+        QFETCH(int, caixas);
+        // The back office's own definitions don't allow a Null: make the table as an older one did.
         executar(QStringLiteral("ALTER TABLE Tb_ConVendas RENAME TO Tb_ConVendas_Antiga"));
         executar(QStringLiteral("CREATE TABLE Tb_ConVendas AS SELECT * FROM Tb_ConVendas_Antiga"));
-        executar(QStringLiteral("UPDATE Tb_ConVendas SET bProdutos = 1, %1 = NULL").arg(coluna));
-        QCOMPARE(lerDadosLocais(), lido);
-        if (lido) {
+        executar(preparo);
+        buscaInicio = true;
+        QCOMPARE(lerDadosLocais(), erro == 0);
+        QVERIFY(!processEnded());
+        if (erro == 0) {
             QVERIFY(boxes().isEmpty());
             QVERIFY(!buscaInicio);
             return;
         }
-        const QString mensagem = QStringLiteral("Invalid use of Null : 94");
-        QCOMPARE(boxes().size(), 1);
-        QCOMPARE(boxes().first().prompt, mensagem);
-        QCOMPARE(boxes().first().style, int(vbCritical));
-        QCOMPARE(boxes().first().title, QStringLiteral("Atenção"));
+        QCOMPARE(boxes().size(), caixas);
+        const QString mensagem = boxes().last().prompt;
+        QVERIFY2(mensagem.endsWith(QStringLiteral(" : %1").arg(erro)), qPrintable(mensagem));
+        QCOMPARE(boxes().last().style, int(vbCritical));
+        QCOMPARE(boxes().last().title, QStringLiteral("Atenção"));
         QCOMPARE(Frm_Splash::instance().lblWarning->text(), mensagem + QStringLiteral("..."));
-        QVERIFY(!processEnded());
-    }
-
-    void colunaAusenteEUmErroComum() {
-        executar(QStringLiteral("ALTER TABLE Tb_Usuario DROP COLUMN conAcesso"));
-        QVERIFY(!lerDadosLocais());
-        QCOMPARE(boxes().size(), 1);
-        QVERIFY2(boxes().first().prompt.endsWith(QStringLiteral(" : %1").arg(vbErr::ItemNotFound)),
-                 qPrintable(boxes().first().prompt));
     }
 
     void bancoInalcancavelEncerra() {
@@ -188,17 +184,6 @@ private slots:
         QCOMPARE(boxes().first().style, int(vbCritical));
         QCOMPARE(boxes().first().title, QStringLiteral("Atenção"));
         QCOMPARE(Frm_Splash::instance().lblWarning->text(), mensagem + QStringLiteral("..."));
-    }
-
-    // Only a failed connection keeps the data control quiet (above); any other failure of its query
-    // shows the control's own box before the routine's.
-    void tabelaAusenteMostraAsDuasCaixas() {
-        executar(QStringLiteral("DROP TABLE Tb_Usuario"));
-        QVERIFY(!lerDadosLocais());
-        QCOMPARE(boxes().size(), 2);
-        QCOMPARE(boxes().at(1).prompt,
-                 boxes().at(0).prompt + QStringLiteral(" : %1").arg(vbErr::SyntaxError));
-        QVERIFY(!processEnded());
     }
 
 private:
