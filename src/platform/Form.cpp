@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QEventLoop>
 #include <QKeyEvent>
+#include <QScreen>
 #include <QSet>
 #include <QTimer>
 
@@ -51,11 +52,23 @@ void Form::activate() {
     Form_Activate();
 }
 
+// A screen that starts maximized is first laid over the screen's available area: with no window
+// manager (a bare X server) nothing else would act on the state, and a window manager maximizes it
+// all the same.
+void Form::showWindow() {
+    if (!isVisible() && (windowState() & Qt::WindowMaximized)) {
+        const Qt::WindowStates states = windowState();
+        setGeometry(screen()->availableGeometry());
+        setWindowState(states);
+    }
+    show();
+}
+
 void Form::Show() {
     if (m_unloaded)
         return;
     load();
-    show();
+    showWindow();
     activateWindow();
     if (s_active != this)
         activate();
@@ -68,7 +81,7 @@ void Form::ShowModal() {
     QPointer<Form> previous = s_active;
     QPointer<Form> self(this);
     setWindowModality(Qt::ApplicationModal);
-    show();
+    showWindow();
     activateWindow();
     activate();
     if (self && !m_unloaded) {

@@ -89,6 +89,7 @@ private:
     }
     void load();
     void activate();
+    void showWindow();
     QWidget* controlOf(QWidget* w) const;
 
     bool m_loaded = false;

@@ -4,6 +4,7 @@
 #include "support/TestMain.h"
 
 #include <QLineEdit>
+#include <QScreen>
 #include <QTest>
 
 namespace {
@@ -165,6 +166,16 @@ private slots:
         QVERIFY(seen);
         QCOMPARE(parent.log.last(), QStringLiteral("Activate"));
         QCOMPARE(parent.log.count(QStringLiteral("Activate")), 2);
+    }
+
+    // Also under a bare X server, where no window manager acts on the state.
+    void aScreenThatStartsMaximizedCoversTheAvailableArea() {
+        TestEnvironment env;
+        Frm_Filho& f = Frm_Filho::instance();
+        f.resize(300, 200);
+        f.setWindowState(Qt::WindowMaximized);
+        f.Show();
+        QTRY_COMPARE(f.frameGeometry().size(), f.screen()->availableGeometry().size());
     }
 
     void errorInAKeyHandlerReachesTheReportAndEndsTheProcess() {
