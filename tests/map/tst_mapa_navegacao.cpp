@@ -1,5 +1,3 @@
-#include "Mapa.h"
-
 #include "access/Frm_Acesso.h"
 #include "map/Frm_Principal.h"
 #include "map/Mesa.h"
@@ -7,6 +5,7 @@
 #include "platform/DataControl.h"
 #include "startup/variaveisGlobais.h"
 #include "store/Comanda.h"
+#include "support/BancoDeTeste.h"
 #include "support/Support.h"
 #include "support/TestMain.h"
 #include "table/Frm_Mesa.h"
@@ -60,10 +59,10 @@ class TestMapaNavegacao : public QObject {
     Q_OBJECT
 
     std::unique_ptr<TestEnvironment> ambiente;
-    std::unique_ptr<OutroTerminal> outro;
 
     Frm_Principal& mapaNaTela() {
-        Frm_Principal& mapa = carregarMapa(30);
+        quantidadeMesas = 30;
+        Frm_Principal& mapa = Frm_Principal::instance();
         mapa.Show();
         mapa.Timer->stop(); // the tests refresh the map themselves
         if (!QTest::qWaitForWindowActive(&mapa))
@@ -72,20 +71,23 @@ class TestMapaNavegacao : public QObject {
         return mapa;
     }
     int linhas(const QString& condicao = QStringLiteral("1 = 1")) {
-        return outro->consultar(QStringLiteral("SELECT COUNT(*) FROM Tb_Comandas WHERE ") + condicao).toInt();
+        return consultar(QStringLiteral("SELECT COUNT(*) FROM Tb_Comandas WHERE ") + condicao).toInt();
     }
 
 private slots:
     void init() {
         ambiente = std::make_unique<TestEnvironment>();
-        outro = std::make_unique<OutroTerminal>(*ambiente);
+        bancoDeTeste(*ambiente);
+        // Everyone may log in; ANA ("123") has no rights, BRUNO ("456") may transfer and adjust.
+        executar(QStringLiteral("UPDATE Tb_Colaborador SET bZarvel = 1"));
+        executar(QStringLiteral(
+            "UPDATE Tb_Colaborador SET bTransferirMesa = 1, bConfiguracoes = 1 WHERE ID_Colaborador = 2"));
         tempoParaOcio = 10;
         multiplosAtendentes = true;
     }
     void cleanup() {
         setStatementObserver(nullptr);
         ambiente.reset();
-        outro.reset();
     }
 
     // Numbers that reach no card are refused before the password is asked for.
@@ -137,25 +139,32 @@ private slots:
         QTRY_COMPARE(mapa.Text_mesa->text(), QStringLiteral("0000"));
     }
 
-    void digitoForaDeUmaCaixaDeTexto_data() {
+    // Pressed with the focus elsewhere, the key starts the quick access; its release already reaches
+    // the field, whose key-up tidies the text.
+    void teclaForaDeUmaCaixaDeTexto_data() {
         QTest::addColumn<int>("tecla");
         QTest::addColumn<int>("modificador");
         QTest::addColumn<QString>("esperado");
         QTest::newRow("7") << int(Qt::Key_7) << int(Qt::NoModifier) << QStringLiteral("0007");
         QTest::newRow("teclado numérico 4")
             << int(Qt::Key_4) << int(Qt::KeypadModifier) << QStringLiteral("0004");
+        QTest::newRow("backspace") << int(Qt::Key_Backspace) << int(Qt::NoModifier) << QStringLiteral("0000");
     }
-    void digitoForaDeUmaCaixaDeTexto() {
+    void teclaForaDeUmaCaixaDeTexto() {
         QFETCH(int, tecla);
         QFETCH(int, modificador);
         QFETCH(QString, esperado);
         Frm_Principal& mapa = mapaNaTela();
+        mapa.Text_mesa->setText(QStringLiteral("0012"));
         mapa.List_Menu->setFocus();
         QTRY_VERIFY(mapa.List_Menu->hasFocus());
         QVERIFY(mapa.List_Menu->selectedItems().isEmpty());
-        QTest::keyClick(mapa.List_Menu, Qt::Key(tecla), Qt::KeyboardModifiers(modificador));
-        QCOMPARE(mapa.Text_mesa->text(), esperado);
-        QTRY_VERIFY(mapa.Text_mesa->hasFocus());
+        const auto mods = Qt::KeyboardModifiers(modificador);
+        QTest::keyPress(mapa.List_Menu, Qt::Key(tecla), mods);
+        QVERIFY(mapa.Text_mesa->hasFocus());
+        QTest::keyRelease(mapa.Text_mesa, Qt::Key(tecla), mods);
+        QTRY_COMPARE(mapa.Text_mesa->text(), esperado);
+        QCOMPARE(mapa.Text_mesa->cursorPosition(), 4);
     }
 
     void mesaLivreRecusadaNaoDeixaLinha() {
@@ -191,7 +200,7 @@ private slots:
     // The row is read after the prompt: a table another terminal is working on costs the password.
     void mesaEmEdicaoNoutroTerminal() {
         Frm_Principal& mapa = mapaNaTela();
-        outro->abrirMesa(3, 2);
+        abrirComanda(3, 2);
         mapa.mesasRefresh();
         digitarSenha(QStringLiteral("123"));
         QTest::mouseClick(mapa.card[2], Qt::LeftButton);
@@ -214,7 +223,7 @@ private slots:
         QFETCH(bool, entra);
         multiplosAtendentes = multiplos;
         Frm_Principal& mapa = mapaNaTela();
-        outro->abrirMesa(4, 1, 10, QDateTime(), 2);
+        abrirComanda(4, 1, 10, QDateTime(), 2);
         mapa.mesasRefresh();
         digitarSenha(QStringLiteral("123"));
         bool abriu = false;
@@ -242,16 +251,22 @@ private slots:
 
     void filtros() {
         Frm_Principal& mapa = mapaNaTela();
-        outro->abrirMesa(3, 1);
-        outro->abrirMesa(7, 1);
-        outro->abrirMesa(9, 3);
+        // "Disponível" looks for the occupied tables, so with none it finds nothing to filter by.
+        QTest::mouseClick(mapa.Frame[0], Qt::LeftButton);
+        QCOMPARE(textos(boxes()), QStringList({QStringLiteral("Não há mesas para o filtro selecionado")}));
+        QCOMPARE(boxes().first().style, vbOKOnly | vbInformation);
+        QCOMPARE(boxes().first().title, QStringLiteral("Aviso"));
+        QCOMPARE(visiveis(mapa).size(), 30);
+        clearBoxes();
 
+        abrirComanda(3, 1);
+        abrirComanda(7, 1);
+        abrirComanda(9, 3);
         QTest::mouseClick(mapa.Frame[1], Qt::LeftButton);
         QCOMPARE(visiveis(mapa), QList<int>({3, 7}));
         // No table in edition: the earlier filter stays.
         QTest::mouseClick(mapa.Frame[2], Qt::LeftButton);
         QCOMPARE(textos(boxes()), QStringList({QStringLiteral("Não há mesas para o filtro selecionado")}));
-        QCOMPARE(boxes().first().style, vbOKOnly | vbInformation);
         QCOMPARE(visiveis(mapa), QList<int>({3, 7}));
 
         QTest::mouseClick(mapa.Frame[0], Qt::LeftButton);
@@ -267,14 +282,6 @@ private slots:
         QTest::mouseClick(mapa.Frame[5], Qt::LeftButton);
         QCOMPARE(visiveis(mapa).size(), 30);
         QCOMPARE(consultas, 0);
-    }
-
-    // The filter "Disponível" looks for the occupied tables, so with none it finds nothing.
-    void disponivelSemMesaOcupada() {
-        Frm_Principal& mapa = mapaNaTela();
-        QTest::mouseClick(mapa.Frame[0], Qt::LeftButton);
-        QCOMPARE(textos(boxes()), QStringList({QStringLiteral("Não há mesas para o filtro selecionado")}));
-        QCOMPARE(visiveis(mapa).size(), 30);
     }
 
     // A lost database is the one error the filter's data control keeps to itself; the failure still

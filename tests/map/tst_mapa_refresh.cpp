@@ -1,12 +1,13 @@
-#include "Mapa.h"
-
 #include "map/Frm_Principal.h"
 #include "map/Mesa.h"
 #include "map/SmoothScrollBar.h"
 #include "platform/Clock.h"
+#include "platform/Connection.h"
 #include "platform/Twips.h"
 #include "startup/variaveisGlobais.h"
+#include "support/BancoDeTeste.h"
 #include "support/Support.h"
+#include "support/TestDatabase.h"
 #include "support/TestMain.h"
 
 #include <QApplication>
@@ -23,33 +24,31 @@ QStringList legendas(const Frm_Principal& mapa) {
             mapa.Label_Conferencia->text(), mapa.Label_Ociosa->text()};
 }
 
-// Counts the paints a widget receives.
-class ContaPinturas : public QObject {
-public:
-    int pinturas = 0;
-    bool eventFilter(QObject*, QEvent* e) override {
-        if (e->type() == QEvent::Paint)
-            ++pinturas;
-        return false;
-    }
-};
+// The map loaded for the given number of tables (Form_Load runs), not shown.
+Frm_Principal& carregarMapa(int mesas) {
+    quantidadeMesas = static_cast<qint16>(mesas);
+    return Frm_Principal::instance();
+}
+
+int statusDaLinha(int id) {
+    return consultar(QStringLiteral("SELECT status FROM Tb_Comandas WHERE id_comanda = %1").arg(id)).toInt();
+}
 } // namespace
 
 class TestMapaRefresh : public QObject {
     Q_OBJECT
 
     std::unique_ptr<TestEnvironment> ambiente;
-    std::unique_ptr<OutroTerminal> outro;
 
 private slots:
     void init() {
         ambiente = std::make_unique<TestEnvironment>();
-        outro = std::make_unique<OutroTerminal>(*ambiente);
+        bancoDeTeste(*ambiente);
         tempoParaOcio = 10;
     }
     void cleanup() {
+        setStatementObserver(nullptr);
         ambiente.reset();
-        outro.reset();
     }
 
     void contadoresELegendas() {
@@ -64,21 +63,27 @@ private slots:
                               QStringLiteral("Edição (0)"), QStringLiteral("Conferência (0)"),
                               QStringLiteral("Ociosa (0)")}));
 
-        outro->abrirMesa(2, 1, 12.5);
-        outro->abrirMesa(3, 2, 7);
-        outro->abrirMesa(4, 3, 33.33);
-        outro->abrirMesa(30, 4, 100);
+        const int id = abrirComanda(2, 1, 12.5);
+        abrirComanda(3, 2, 7);
+        abrirComanda(4, 3, 33.33);
+        abrirComanda(30, 4, 100);
         mapa.mesasRefresh();
         QCOMPARE(legendas(mapa),
                  QStringList({QStringLiteral("Disponível (26)"), QStringLiteral("Ocupada (1)"),
                               QStringLiteral("Edição (1)"), QStringLiteral("Conferência (1)"),
                               QStringLiteral("Ociosa (1)")}));
         QCOMPARE(mapa.card[0]->status(), qint16(0));
-        QCOMPARE(mapa.card[0]->valor(), QStringLiteral("0"));
         QCOMPARE(mapa.card[1]->status(), qint16(1));
         QCOMPARE(mapa.card[1]->valor(), QStringLiteral("12,5"));
         QCOMPARE(mapa.card[3]->valor(), QStringLiteral("33,33"));
         QCOMPARE(mapa.card[29]->status(), qint16(4));
+
+        // A closed tab is no longer fetched, and every tick starts from free cards.
+        executar(QStringLiteral("UPDATE Tb_Comandas SET status = 0 WHERE id_comanda = %1").arg(id));
+        mapa.mesasRefresh();
+        QCOMPARE(mapa.card[1]->status(), qint16(0));
+        QCOMPARE(mapa.card[1]->valor(), QStringLiteral("0"));
+        QCOMPARE(mapa.Label_Disponivel->text(), QStringLiteral("Disponível (27)"));
     }
 
     void regraDoOcio_data() {
@@ -87,16 +92,19 @@ private slots:
         QTest::addColumn<QDateTime>("movimento");
         QTest::addColumn<QDateTime>("agora");
         QTest::addColumn<int>("esperado");
+        QTest::addColumn<bool>("gravada");
         const QDateTime meioDia = testMoment();
         QTest::newRow("limite: 12:00:59 a 12:10:00")
-            << 10 << 1 << meioDia.addSecs(59) << meioDia.addSecs(600) << 4;
-        QTest::newRow("9 minutos contados") << 10 << 1 << meioDia.addSecs(59) << meioDia.addSecs(599) << 1;
-        QTest::newRow("edição nunca") << 0 << 2 << meioDia << meioDia.addSecs(3600) << 2;
-        QTest::newRow("conferência nunca") << 10 << 3 << meioDia << meioDia.addSecs(3600) << 3;
-        QTest::newRow("movimento no futuro") << 0 << 1 << meioDia.addSecs(300) << meioDia << 1;
-        QTest::newRow("tempo zero") << 0 << 1 << meioDia << meioDia << 4;
-        QTest::newRow("ociosa fica ociosa") << 10 << 4 << meioDia << meioDia.addSecs(3600) << 4;
-        QTest::newRow("ociosa recém-movida") << 10 << 4 << meioDia << meioDia.addSecs(60) << 4;
+            << 10 << 1 << meioDia.addSecs(59) << meioDia.addSecs(600) << 4 << true;
+        QTest::newRow("9 minutos contados")
+            << 10 << 1 << meioDia.addSecs(59) << meioDia.addSecs(599) << 1 << false;
+        QTest::newRow("edição nunca") << 0 << 2 << meioDia << meioDia.addSecs(3600) << 2 << false;
+        QTest::newRow("conferência nunca") << 10 << 3 << meioDia << meioDia.addSecs(3600) << 3 << false;
+        QTest::newRow("movimento no futuro") << 0 << 1 << meioDia.addSecs(300) << meioDia << 1 << false;
+        QTest::newRow("tempo zero") << 0 << 1 << meioDia << meioDia << 4 << true;
+        // An idle row is written again on every tick for as long as it stays idle.
+        QTest::newRow("ociosa gravada de novo") << 10 << 4 << meioDia << meioDia.addSecs(3600) << 4 << true;
+        QTest::newRow("ociosa recém-movida") << 10 << 4 << meioDia << meioDia.addSecs(60) << 4 << false;
     }
     void regraDoOcio() {
         QFETCH(int, tempo);
@@ -104,30 +112,19 @@ private slots:
         QFETCH(QDateTime, movimento);
         QFETCH(QDateTime, agora);
         QFETCH(int, esperado);
+        QFETCH(bool, gravada);
         tempoParaOcio = static_cast<qint16>(tempo);
-        const int id = outro->abrirMesa(5, status, 10, movimento);
+        const int id = abrirComanda(5, status, 10, movimento);
         setAgora(agora);
         Frm_Principal& mapa = carregarMapa(30);
+        int escritas = 0;
+        setStatementObserver([&escritas](const QString& sql) {
+            escritas += sql.startsWith(QLatin1String("UPDATE"), Qt::CaseInsensitive);
+        });
         mapa.mesasRefresh();
         QCOMPARE(mapa.card[4]->status(), qint16(esperado));
-        const int naLinha =
-            outro->consultar(QStringLiteral("SELECT status FROM Tb_Comandas WHERE id_comanda = %1").arg(id))
-                .toInt();
-        // The card shows the row's own code unless the rule turned it idle, and then the row is idle too.
-        QCOMPARE(naLinha, esperado);
-    }
-
-    void mesaFechadaLiberaOCartao() {
-        Frm_Principal& mapa = carregarMapa(30);
-        const int id = outro->abrirMesa(7, 1, 20);
-        mapa.mesasRefresh();
-        QCOMPARE(mapa.card[6]->status(), qint16(1));
-        QCOMPARE(mapa.card[6]->valor(), QStringLiteral("20"));
-        outro->executar(QStringLiteral("UPDATE Tb_Comandas SET status = 0 WHERE id_comanda = %1").arg(id));
-        mapa.mesasRefresh();
-        QCOMPARE(mapa.card[6]->status(), qint16(0));
-        QCOMPARE(mapa.card[6]->valor(), QStringLiteral("0"));
-        QCOMPARE(mapa.Label_Disponivel->text(), QStringLiteral("Disponível (30)"));
+        QCOMPARE(statusDaLinha(id), esperado);
+        QCOMPARE(escritas, gravada ? 1 : 0);
     }
 
     // Terminals learn of each other only through the rows, at the next tick of their timer.
@@ -139,43 +136,16 @@ private slots:
         QCOMPARE(mapa.Timer->interval(), 1000);
         QTest::qWait(0);
 
-        const int id = outro->abrirMesa(3, 2, 0, agora());
+        const int id = abrirComanda(3, 2, 0, agora());
         QTRY_COMPARE_WITH_TIMEOUT(mapa.card[2]->status(), qint16(2), 1500);
         QCOMPARE(mapa.Label_Edicao->text(), QStringLiteral("Edição (1)"));
 
         // And the other way round: the map marks an idle row, and the other terminal reads it.
         tempoParaOcio = 0;
-        outro->executar(QStringLiteral("UPDATE Tb_Comandas SET status = 1 WHERE id_comanda = %1").arg(id));
-        QTRY_COMPARE_WITH_TIMEOUT(
-            outro->consultar(QStringLiteral("SELECT status FROM Tb_Comandas WHERE id_comanda = %1").arg(id))
-                .toInt(),
-            4, 1500);
+        executar(QStringLiteral("UPDATE Tb_Comandas SET status = 1 WHERE id_comanda = %1").arg(id),
+                 secondTerminal(conexaoLocal));
+        QTRY_COMPARE_WITH_TIMEOUT(statusDaLinha(id), 4, 1500);
         QCOMPARE(mapa.card[2]->status(), qint16(4));
-    }
-
-    void cartaoSemMudancaNaoEPintadoDeNovo() {
-        Frm_Principal& mapa = carregarMapa(30);
-        outro->abrirMesa(2, 3, 15);
-        mapa.Show();
-        mapa.mesasRefresh();
-        ContaPinturas ocupada, livre;
-        mapa.card[1]->installEventFilter(&ocupada);
-        mapa.card[0]->installEventFilter(&livre);
-        QTRY_VERIFY(mapa.card[1]->isVisible());
-        QTest::qWait(50);
-        ocupada.pinturas = livre.pinturas = 0;
-
-        for (int i = 0; i < 3; ++i) {
-            mapa.mesasRefresh();
-            QTest::qWait(20);
-        }
-        QCOMPARE(ocupada.pinturas, 0);
-        QCOMPARE(livre.pinturas, 0);
-
-        outro->executar(QStringLiteral("UPDATE Tb_Comandas SET valor_total = 18"));
-        mapa.mesasRefresh();
-        QTRY_VERIFY(ocupada.pinturas > 0);
-        QCOMPARE(livre.pinturas, 0);
     }
 
     void posicoesDosCartoes_data() {
@@ -246,7 +216,7 @@ private slots:
     void mesaSemCartaoEncerra() {
         QFETCH(int, mesa);
         Frm_Principal& mapa = carregarMapa(30);
-        outro->abrirMesa(mesa, 1);
+        abrirComanda(mesa, 1);
         mapa.Show();
         QTRY_VERIFY_WITH_TIMEOUT(processEnded(), 1500);
         mapa.Timer->stop();

@@ -1,6 +1,7 @@
 #include "support/BancoDeTeste.h"
 
 #include "platform/Connection.h"
+#include "platform/VbText.h"
 #include "startup/atualizarBanco.h"
 #include "startup/variaveisGlobais.h"
 #include "support/TestDatabase.h"
@@ -21,4 +22,21 @@ QVariant consultar(const QString& sql) {
     Connection cn;
     cn.Open(conexaoLocal);
     return cn.Execute(sql).Fields(0).Value();
+}
+
+int abrirComanda(int mesa, int status, double valorTotal, const QDateTime& movimento, int colaborador) {
+    const QString quando =
+        (movimento.isValid() ? movimento : testMoment()).toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"));
+    executar(
+        QStringLiteral("INSERT INTO Tb_Comandas (data_criacao, status, mesa, id_colaborador, identificacao, "
+                       "servico, valor_servico, valor_total, ocupantes, data_ultima_movimentacao) "
+                       "VALUES ('%1', %2, %3, %4, 'MESA: %5', 0, 0, %6, 1, '%1')")
+            .arg(quando)
+            .arg(status)
+            .arg(mesa)
+            .arg(colaborador)
+            .arg(Format(mesa, QStringLiteral("00")))
+            .arg(valorTotal),
+        secondTerminal(conexaoLocal));
+    return consultar(QStringLiteral("SELECT MAX(id_comanda) FROM Tb_Comandas")).toInt();
 }

@@ -2,6 +2,7 @@
 
 #include "support/Support.h"
 
+#include <QDateTime>
 #include <QString>
 #include <QVariant>
 
@@ -14,3 +15,9 @@ QString bancoDeTeste(const TestEnvironment& env);
 void executar(const QString& sql, const QString& conexao = QString());
 // The first field of the first row of a query on conexaoLocal.
 QVariant consultar(const QString& sql);
+
+// An open tab of a table as another terminal leaves it (written on a connection of its own):
+// identificacao "MESA: nn", created and last moved at movimento (testMoment() when not given).
+// Returns its id.
+int abrirComanda(int mesa, int status, double valorTotal = 0, const QDateTime& movimento = QDateTime(),
+                 int colaborador = 1);
