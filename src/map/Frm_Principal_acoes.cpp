@@ -155,7 +155,7 @@ void Frm_Principal::List_Menu_ItemClick(int item) {
             break;
         }
     } catch (const RuntimeError& e) {
-        MsgBox(QStringLiteral("Menu de opções\n") + describe(e), vbOKOnly);
+        MsgBox(QStringLiteral("Menu de opções\r\n") + describe(e), vbOKOnly);
     }
 }
 

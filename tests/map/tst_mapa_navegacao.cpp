@@ -20,6 +20,12 @@
 #include <memory>
 
 namespace {
+QString caixa(const QString& titulo, int estilo, const QString& texto) {
+    return QStringLiteral("%1 | %2 | %3").arg(titulo).arg(estilo).arg(texto);
+}
+const QString naoExiste =
+    caixa(QStringLiteral("Atenção"), vbOKOnly | vbCritical, QStringLiteral("Esta mesa não existe"));
+
 // The password prompt, answered as the person at the terminal would.
 void digitarSenha(const QString& senha) {
     onNextModal<Frm_Acesso>([senha](Frm_Acesso* f) {
@@ -39,10 +45,11 @@ void sairDaMesa(bool* aberta = nullptr) {
     });
 }
 
-QStringList textos(const QList<MsgBoxRecord>& lista) {
+// The boxes shown so far, each as "title | style | text".
+QStringList caixas() {
     QStringList t;
-    for (const MsgBoxRecord& b : lista)
-        t << b.prompt;
+    for (const MsgBoxRecord& b : boxes())
+        t << caixa(b.title, b.style, b.prompt);
     return t;
 }
 
@@ -94,27 +101,22 @@ private slots:
     void enterSemMesa_data() {
         QTest::addColumn<QString>("digitado");
         QTest::addColumn<QString>("mensagem");
-        QTest::addColumn<int>("estilo");
-        QTest::newRow("0000") << QString() << QStringLiteral("Esta mesa não existe")
-                              << (vbOKOnly | vbCritical);
-        QTest::newRow("0031 em 30 mesas")
-            << QStringLiteral("31") << QStringLiteral("Esta mesa não existe") << (vbOKOnly | vbCritical);
-        QTest::newRow("32768") << QStringLiteral("32768") << QStringLiteral("Esta mesa não existe")
-                               << (vbOKOnly | vbCritical);
+        QTest::newRow("0000") << QString() << naoExiste;
+        QTest::newRow("0031 em 30 mesas") << QStringLiteral("31") << naoExiste;
+        QTest::newRow("32768") << QStringLiteral("32768") << naoExiste;
         QTest::newRow("32769 não cabe")
-            << QStringLiteral("32769") << QStringLiteral("Mesa inválida!") << (vbOKOnly | vbInformation);
+            << QStringLiteral("32769")
+            << caixa(QStringLiteral("Aviso"), vbOKOnly | vbInformation, QStringLiteral("Mesa inválida!"));
     }
     void enterSemMesa() {
         QFETCH(QString, digitado);
         QFETCH(QString, mensagem);
-        QFETCH(int, estilo);
         Frm_Principal& mapa = mapaNaTela();
         QTest::keyClicks(mapa.Text_mesa, digitado);
         QTest::keyClick(mapa.Text_mesa, Qt::Key_Return);
-        QCOMPARE(boxes().size(), 1);
-        QCOMPARE(boxes().first().prompt, mensagem);
-        QCOMPARE(boxes().first().style, estilo);
+        QCOMPARE(caixas(), QStringList({mensagem}));
         QCOMPARE(mapa.Text_mesa->text(), QStringLiteral("0000"));
+        QVERIFY(mapa.Text_mesa->hasFocus());
         QVERIFY(!Form::isLoaded<Frm_Acesso>());
     }
 
@@ -173,9 +175,9 @@ private slots:
         queueAnswer(vbNo);
         QTest::keyClicks(mapa.Text_mesa, QStringLiteral("5"));
         QTest::keyClick(mapa.Text_mesa, Qt::Key_Return);
-        QCOMPARE(textos(boxes()),
-                 QStringList({QStringLiteral("Esta mesa encontra-se vazia, deseja iniciar a consumação?")}));
-        QCOMPARE(boxes().first().style, vbYesNo | vbQuestion);
+        QCOMPARE(caixas(), QStringList({caixa(QStringLiteral("Pergunta"), vbYesNo | vbQuestion,
+                                              QStringLiteral("Esta mesa encontra-se vazia, deseja iniciar a "
+                                                             "consumação?"))}));
         QCOMPARE(linhas(), 0);
         QCOMPARE(mapa.Text_mesa->text(), QStringLiteral("0005"));
         QVERIFY(!comandaAtual);
@@ -204,12 +206,14 @@ private slots:
         mapa.mesasRefresh();
         digitarSenha(QStringLiteral("123"));
         QTest::mouseClick(mapa.card[2], Qt::LeftButton);
-        QCOMPARE(textos(boxes()),
-                 QStringList({QStringLiteral("Mesa já está sendo movimentada neste momento")}));
-        QCOMPARE(boxes().first().style, vbOKOnly | vbInformation);
+        QCOMPARE(caixas(),
+                 QStringList({caixa(QStringLiteral("Aviso"), vbOKOnly | vbInformation,
+                                    QStringLiteral("Mesa já está sendo movimentada neste momento"))}));
         QVERIFY(!Form::isLoaded<Frm_Mesa>());
         QCOMPARE(linhas(), 1);
         QCOMPARE(linhas(QStringLiteral("status = 2")), 1);
+        QCOMPARE(mapa.Text_mesa->text(), QStringLiteral("0000"));
+        QVERIFY(!comandaAtual);
     }
 
     void mesaDeOutroAtendente_data() {
@@ -231,11 +235,9 @@ private slots:
             sairDaMesa(&abriu);
         QTest::mouseClick(mapa.card[3], Qt::LeftButton);
         QCOMPARE(abriu, entra);
-        if (!entra) {
-            QCOMPARE(textos(boxes()), QStringList({QStringLiteral("Você não pode executar essa ação!")}));
-            QCOMPARE(boxes().first().style, vbOKOnly | vbCritical);
-            QCOMPARE(boxes().first().title, QStringLiteral("Atenção"));
-        }
+        if (!entra)
+            QCOMPARE(caixas(), QStringList({caixa(QStringLiteral("Atenção"), vbOKOnly | vbCritical,
+                                                  QStringLiteral("Você não pode executar essa ação!"))}));
         QCOMPARE(mapa.Text_mesa->text(), QStringLiteral("0000"));
     }
 
@@ -250,12 +252,12 @@ private slots:
     }
 
     void filtros() {
+        const QString semMesas = caixa(QStringLiteral("Aviso"), vbOKOnly | vbInformation,
+                                       QStringLiteral("Não há mesas para o filtro selecionado"));
         Frm_Principal& mapa = mapaNaTela();
         // "Disponível" looks for the occupied tables, so with none it finds nothing to filter by.
         QTest::mouseClick(mapa.Frame[0], Qt::LeftButton);
-        QCOMPARE(textos(boxes()), QStringList({QStringLiteral("Não há mesas para o filtro selecionado")}));
-        QCOMPARE(boxes().first().style, vbOKOnly | vbInformation);
-        QCOMPARE(boxes().first().title, QStringLiteral("Aviso"));
+        QCOMPARE(caixas(), QStringList({semMesas}));
         QCOMPARE(visiveis(mapa).size(), 30);
         clearBoxes();
 
@@ -266,7 +268,7 @@ private slots:
         QCOMPARE(visiveis(mapa), QList<int>({3, 7}));
         // No table in edition: the earlier filter stays.
         QTest::mouseClick(mapa.Frame[2], Qt::LeftButton);
-        QCOMPARE(textos(boxes()), QStringList({QStringLiteral("Não há mesas para o filtro selecionado")}));
+        QCOMPARE(caixas(), QStringList({semMesas}));
         QCOMPARE(visiveis(mapa), QList<int>({3, 7}));
 
         QTest::mouseClick(mapa.Frame[0], Qt::LeftButton);
@@ -305,7 +307,8 @@ private slots:
         QTest::addColumn<int>("tecla");
         QTest::addColumn<QString>("senha");
         QTest::addColumn<QStringList>("mensagens");
-        const QStringList recusa({QStringLiteral("Você não pode executar essa ação")});
+        const QStringList recusa({caixa(QStringLiteral("Atenção"), vbOKOnly | vbCritical,
+                                        QStringLiteral("Você não pode executar essa ação"))});
         QTest::newRow("F1 sem direito") << int(Qt::Key_F1) << QStringLiteral("123") << recusa;
         QTest::newRow("F1 com direito") << int(Qt::Key_F1) << QStringLiteral("456") << QStringList();
         QTest::newRow("F2 sem direito") << int(Qt::Key_F2) << QStringLiteral("123") << recusa;
@@ -323,9 +326,7 @@ private slots:
             digitarSenha(senha);
         mapa.List_Menu->setFocus();
         QTest::keyClick(mapa.List_Menu, Qt::Key(tecla));
-        QCOMPARE(textos(boxes()), mensagens);
-        if (!mensagens.isEmpty())
-            QCOMPARE(boxes().first().title, QStringLiteral("Atenção"));
+        QCOMPARE(caixas(), mensagens);
         QTRY_VERIFY(mapa.Text_mesa->hasFocus());
     }
 
@@ -333,15 +334,19 @@ private slots:
         Frm_Principal& mapa = mapaNaTela();
         queueAnswer(vbNo);
         QTest::keyClick(mapa.Text_mesa, Qt::Key_Escape);
-        QCOMPARE(textos(boxes()), QStringList({QStringLiteral("Deseja realmente sair?")}));
-        QCOMPARE(boxes().first().style, vbYesNo | vbQuestion);
+        QCOMPARE(caixas(), QStringList({caixa(QStringLiteral("Pergunta"), vbYesNo | vbQuestion,
+                                              QStringLiteral("Deseja realmente sair?"))}));
         QVERIFY(!processEnded());
         QTRY_VERIFY(mapa.Text_mesa->hasFocus());
 
         // From the menu entry itself this time.
+        QStringList entradas;
+        for (int i = 0; i < mapa.List_Menu->topLevelItemCount(); ++i)
+            entradas << mapa.List_Menu->topLevelItem(i)->text(0) + QLatin1Char('/') +
+                            mapa.List_Menu->topLevelItem(i)->toolTip(0);
+        QCOMPARE(entradas, QStringList({QStringLiteral("Transferir/Transferir mesa"),
+                                        QStringLiteral("Ajustes/Ajustes"), QStringLiteral("Sair/Sair")}));
         QTreeWidgetItem* sair = mapa.List_Menu->topLevelItem(2);
-        QCOMPARE(sair->text(0), QStringLiteral("Sair"));
-        QCOMPARE(sair->toolTip(0), QStringLiteral("Sair"));
         queueAnswer(vbYes);
         QTest::mouseClick(mapa.List_Menu->viewport(), Qt::LeftButton, {},
                           mapa.List_Menu->visualItemRect(sair).center());
