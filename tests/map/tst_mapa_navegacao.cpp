@@ -169,34 +169,36 @@ private slots:
         QCOMPARE(mapa.Text_mesa->cursorPosition(), 4);
     }
 
-    void mesaLivreRecusadaNaoDeixaLinha() {
+    // A free table asks first; with one waiter per table it opens for whoever passes the prompt, as
+    // there is no open tab to compare with.
+    void mesaLivre_data() {
+        QTest::addColumn<bool>("multiplos");
+        QTest::addColumn<int>("resposta");
+        QTest::newRow("não: nenhuma linha") << true << int(vbNo);
+        QTest::newRow("sim") << true << int(vbYes);
+        QTest::newRow("sim, um atendente por mesa") << false << int(vbYes);
+    }
+    void mesaLivre() {
+        QFETCH(bool, multiplos);
+        QFETCH(int, resposta);
+        multiplosAtendentes = multiplos;
         Frm_Principal& mapa = mapaNaTela();
-        digitarSenha(QStringLiteral("123"));
-        queueAnswer(vbNo);
+        digitarSenha(QStringLiteral("456"));
+        queueAnswer(resposta);
+        bool comComanda = false;
+        if (resposta == vbYes)
+            sairDaMesa(&comComanda);
         QTest::keyClicks(mapa.Text_mesa, QStringLiteral("5"));
         QTest::keyClick(mapa.Text_mesa, Qt::Key_Return);
         QCOMPARE(caixas(), QStringList({caixa(QStringLiteral("Pergunta"), vbYesNo | vbQuestion,
                                               QStringLiteral("Esta mesa encontra-se vazia, deseja iniciar a "
                                                              "consumação?"))}));
-        QCOMPARE(linhas(), 0);
-        QCOMPARE(mapa.Text_mesa->text(), QStringLiteral("0005"));
+        QCOMPARE(comComanda, resposta == vbYes);
         QVERIFY(!comandaAtual);
-    }
-
-    void mesaLivreAbreAMesa() {
-        Frm_Principal& mapa = mapaNaTela();
-        digitarSenha(QStringLiteral("456"));
-        bool comComanda = false;
-        sairDaMesa(&comComanda);
-        QTest::keyClicks(mapa.Text_mesa, QStringLiteral("5"));
-        QTest::keyClick(mapa.Text_mesa, Qt::Key_Return);
-        QVERIFY(comComanda);
-        QVERIFY(!comandaAtual);
-        QCOMPARE(linhas(QStringLiteral("mesa = 5 AND status = 1 AND id_colaborador = 2")), 1);
-        QCOMPARE(mapa.Text_mesa->text(), QStringLiteral("0000"));
+        QCOMPARE(linhas(), resposta == vbYes ? 1 : 0);
+        QCOMPARE(linhas(QStringLiteral("mesa = 5 AND status = 1 AND id_colaborador = 2")), linhas());
+        QCOMPARE(mapa.Text_mesa->text(), resposta == vbYes ? QStringLiteral("0000") : QStringLiteral("0005"));
         QTRY_VERIFY(mapa.Text_mesa->hasFocus());
-        mapa.mesasRefresh();
-        QCOMPARE(mapa.card[4]->status(), qint16(1));
     }
 
     // The row is read after the prompt: a table another terminal is working on costs the password.
