@@ -4,8 +4,8 @@
 #include "store/Comanda.h"
 
 // So far the screen does only what keeps terminals apart: while it is open the tab is in edition
-// (2), and leaving it with Escape gives the table back as occupied (1). The header, the items and
-// the action strip are still to come.
+// (2), and leaving it with Escape gives the table back, occupied (1) or, when blocked after its
+// conference, in conference (3). The header, the items and the action strip are still to come.
 Frm_Mesa::Frm_Mesa() {
     setObjectName(QStringLiteral("Frm_Mesa"));
     setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
@@ -19,7 +19,7 @@ void Frm_Mesa::Form_Load() {
 
 void Frm_Mesa::Form_KeyDown(int& KeyCode, int Shift) {
     if (KeyCode == 27) {
-        comandaAtual->status(1);
+        comandaAtual->status(comandaAtual->bloqueada() ? 3 : 1);
         Unload();
     }
 }

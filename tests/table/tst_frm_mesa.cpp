@@ -11,21 +11,32 @@ class TestFrmMesa : public QObject {
     Q_OBJECT
 
 private slots:
+    void abertaEmEdicaoEscapeDevolve_data() {
+        QTest::addColumn<int>("bloqueada");
+        QTest::addColumn<int>("depois");
+        QTest::newRow("livre") << 0 << 1;
+        QTest::newRow("bloqueada") << 1 << 3;
+    }
     void abertaEmEdicaoEscapeDevolve() {
+        QFETCH(int, bloqueada);
+        QFETCH(int, depois);
         TestEnvironment env;
         bancoDeTeste(env);
         idColaborador = 1;
         comandaAtual = std::make_unique<Comanda>();
         comandaAtual->apelido(12);
+        executar(QStringLiteral("UPDATE Tb_Comandas SET status = 3, bloqueada = %1").arg(bloqueada));
+        comandaAtual->carregar();
+        const QString status = QStringLiteral("SELECT status FROM Tb_Comandas WHERE mesa = 12");
         QVariant durante;
         onNextModal<Frm_Mesa>([&](Frm_Mesa* f) {
-            durante = consultar(QStringLiteral("SELECT status FROM Tb_Comandas WHERE mesa = 12"));
+            durante = consultar(status);
             QTest::keyClick(f, Qt::Key_Escape);
         });
         Frm_Mesa::instance().ShowModal();
         QCOMPARE(durante.toInt(), 2);
-        QCOMPARE(consultar(QStringLiteral("SELECT status FROM Tb_Comandas WHERE mesa = 12")).toInt(), 1);
-        QCOMPARE(comandaAtual->status(), qint16(1));
+        QCOMPARE(consultar(status).toInt(), depois);
+        QCOMPARE(comandaAtual->status(), qint16(depois));
         QVERIFY(!Form::isLoaded<Frm_Mesa>());
     }
 };
