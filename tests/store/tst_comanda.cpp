@@ -1,4 +1,5 @@
 #include "map/Frm_Principal.h"
+#include "platform/Connection.h"
 #include "platform/DataControl.h"
 #include "platform/RuntimeError.h"
 #include "startup/variaveisGlobais.h"
@@ -8,6 +9,7 @@
 #include "support/TestDatabase.h"
 #include "support/TestMain.h"
 
+#include <QRegularExpression>
 #include <QTest>
 
 namespace {
@@ -15,35 +17,28 @@ int contar(const QString& condicao) {
     return consultar(QStringLiteral("SELECT COUNT(*) FROM Tb_Comandas WHERE ") + condicao).toInt();
 }
 
-// An open tab of table mesa, as another terminal would have left it.
-int abrirNoBanco(int mesa, int status, int id = 0) {
-    executar(QStringLiteral(
-                 "INSERT INTO Tb_Comandas (%1data_criacao, status, mesa, id_colaborador, identificacao, "
-                 "servico, valor_servico, valor_total, ocupantes, data_ultima_movimentacao) VALUES "
-                 "(%2'2024-03-05 11:00:00', %3, %4, 2, 'JANELA', 1, 0, 0, 3, '2024-03-05 11:30:00')")
-                 .arg(id ? QStringLiteral("id_comanda, ") : QString(),
-                      id ? QString::number(id) + QStringLiteral(", ") : QString())
-                 .arg(status)
-                 .arg(mesa));
-    return consultar(QStringLiteral("SELECT MAX(id_comanda) FROM Tb_Comandas")).toInt();
+// The statements sent while acao runs; a row write shows as "UPDATE column" or "INSERT".
+QStringList comandos(const std::function<void()>& acao) {
+    QStringList lista;
+    setStatementObserver([&](const QString& sql) {
+        static const QRegularExpression coluna(QStringLiteral("^UPDATE .* SET \\[(\\w+)\\]"));
+        const QRegularExpressionMatch m = coluna.match(sql);
+        lista << (m.hasMatch()                              ? QStringLiteral("UPDATE ") + m.captured(1)
+                  : sql.startsWith(QLatin1String("INSERT")) ? QStringLiteral("INSERT")
+                                                            : sql);
+    });
+    acao();
+    setStatementObserver(nullptr);
+    return lista;
 }
 
-void incluirItem(int idComanda, int nItem, double valor, int status) {
-    executar(
-        QStringLiteral("INSERT INTO Tb_Comandas_Itens (id_comanda, n_item, codigo, descricao, quantidade, "
-                       "valor_unitario, valor_desconto, valor_acrescimo, quem_incluiu, data_inclusao, "
-                       "status, valor_total, id_comanda_origem) VALUES (%1, %2, 1, 'X-SALADA', 1, %3, 0, 0, "
-                       "1, '2024-03-05 11:10:00', %4, %3, %1)")
-            .arg(idComanda)
-            .arg(nItem)
-            .arg(valor, 0, 'f', 4)
-            .arg(status));
-}
-// The store after the upgrade, with ANA (1) as the staff member who passed the prompt.
-QString preparar(const TestEnvironment& env) {
-    const QString conexao = bancoDeTeste(env);
-    idColaborador = 1;
-    return conexao;
+template <class F> int erroDe(F acao) {
+    try {
+        acao();
+    } catch (const RuntimeError& erro) {
+        return erro.Number;
+    }
+    return 0;
 }
 } // namespace
 
@@ -61,51 +56,57 @@ private slots:
         QFETCH(int, mesa);
         QFETCH(QString, identificacao);
         TestEnvironment env;
-        preparar(env);
+        bancoDeTeste(env);
         idColaborador = 2;
         cobrarServico = true;
-        // A closed tab of the same table stays as it is.
-        const int fechada = abrirNoBanco(mesa, 0);
+        const int fechada = abrirComanda(mesa, 0); // stays closed
+        const QString aberta =
+            QStringLiteral("SELECT * FROM Tb_Comandas WHERE mesa = %1 AND status <> 0").arg(mesa);
 
         Comanda comanda;
-        comanda.apelido(qint16(mesa));
+        // Load, open, load again, then write the table number through the common write.
+        QCOMPARE(comandos([&] { comanda.apelido(qint16(mesa)); }),
+                 (QStringList{aberta, QStringLiteral("SELECT * FROM Tb_Comandas"), QStringLiteral("INSERT"),
+                              QStringLiteral("SELECT * FROM Tb_Comandas"), aberta,
+                              QStringLiteral("UPDATE mesa"), aberta}));
 
+        QVERIFY(comanda.id() != fechada);
+        QCOMPARE(
+            contar(QStringLiteral("id_comanda = %1 AND mesa = %2 AND status = 1 AND id_colaborador = 2 AND "
+                                  "identificacao = '%3' AND servico = 1 AND valor_servico = 0 AND "
+                                  "valor_total = 0 AND ocupantes = 1 AND id_cliente IS NULL AND "
+                                  "bloqueada = 0 AND cancelada = 0 AND quem_cancelou IS NULL AND "
+                                  "data_cancelamento IS NULL AND motivo_cancelamento IS NULL AND "
+                                  "faturada = 0 AND documento_faturado IS NULL AND data_faturamento IS NULL")
+                       .arg(comanda.id())
+                       .arg(mesa)
+                       .arg(identificacao)),
+            1);
         QCOMPARE(contar(QStringLiteral("status <> 0")), 1);
         QCOMPARE(comanda.status(), qint16(1));
         QCOMPARE(comanda.identificacao(), identificacao);
-        QVERIFY(comanda.id() != fechada);
-        const QString linha = QStringLiteral("id_comanda = %1 AND ").arg(comanda.id());
-        QCOMPARE(
-            contar(linha + QStringLiteral("mesa = %1 AND status = 1 AND id_colaborador = 2 AND servico = 1 "
-                                          "AND ocupantes = 1 AND id_cliente IS NULL AND bloqueada = 0 AND "
-                                          "cancelada = 0 AND faturada = 0")
-                               .arg(mesa)),
-            1);
-        QCOMPARE(consultar(QStringLiteral("SELECT identificacao FROM Tb_Comandas WHERE ") + linha +
-                           QStringLiteral("1 = 1"))
-                     .toString(),
-                 identificacao);
         QCOMPARE(comanda.dataCriacao(), testMoment());
-        QCOMPARE(comanda.servico(), true);
-        QCOMPARE(comanda.ocupantes(), qint16(1));
-        QCOMPARE(comanda.cliente(), qint16(0));
-        QCOMPARE(comanda.colaborador(), qint16(2));
     }
 
     void mesaOcupadaCarregaSemInserir() {
         TestEnvironment env;
-        preparar(env);
-        const int id = abrirNoBanco(4, 2);
+        bancoDeTeste(env);
+        const int id = abrirComanda(4, 2, 0, QDateTime(QDate(2024, 3, 5), QTime(11, 0)), 3);
+        executar(
+            QStringLiteral("UPDATE Tb_Comandas SET identificacao = 'JANELA', ocupantes = 3, servico = 1"));
+        abrirComanda(4, 1); // a second open row is passed over
 
         Comanda comanda;
         comanda.apelido(4);
 
-        QCOMPARE(contar(QStringLiteral("1 = 1")), 1);
+        QCOMPARE(contar(QStringLiteral("1 = 1")), 2);
         QCOMPARE(comanda.id(), qint16(id));
         QCOMPARE(comanda.status(), qint16(2));
         QCOMPARE(comanda.identificacao(), QStringLiteral("JANELA"));
         QCOMPARE(comanda.ocupantes(), qint16(3));
-        QCOMPARE(comanda.colaborador(), qint16(2));
+        QVERIFY(comanda.servico());
+        QCOMPARE(comanda.cliente(), qint16(0));
+        QCOMPARE(comanda.colaborador(), qint16(3));
         QCOMPARE(comanda.dataCriacao(), QDateTime(QDate(2024, 3, 5), QTime(11, 0)));
         // Only ever written.
         QVERIFY(!comanda.dataUltimaMovimentacao().isValid());
@@ -131,19 +132,26 @@ private slots:
         QFETCH(double, taxa);
         QFETCH(double, total);
         TestEnvironment env;
-        preparar(env);
+        bancoDeTeste(env);
         taxaServico = 10;
-        const int id = abrirNoBanco(1, 1);
+        const int id = abrirComanda(1, 1);
         int n = 0;
         for (double valor : std::as_const(ativos))
-            incluirItem(id, ++n, valor, 1);
-        incluirItem(id, ++n, 100, 0); // excluded: counts for nothing
-        incluirItem(abrirNoBanco(2, 1), 1, 50, 1);
+            itemNoBanco(id, ++n, valor);
+        itemNoBanco(id, ++n, 100, 0); // excluded: counts for nothing
+        itemNoBanco(abrirComanda(2, 1), 1, 50);
 
         Comanda comanda;
         comanda.apelido(1);
         comanda.servico(servico);
-        comanda.totalizaMesa();
+        const QString aberta = QStringLiteral("SELECT * FROM Tb_Comandas WHERE mesa = 1 AND status <> 0");
+        QCOMPARE(
+            comandos([&] { comanda.totalizaMesa(); }),
+            (QStringList{QStringLiteral("SELECT SUM(valor_total) FROM Tb_Comandas_Itens WHERE id_comanda = "
+                                        "%1 AND status = 1")
+                             .arg(id),
+                         QStringLiteral("UPDATE valor_servico"), aberta, QStringLiteral("UPDATE valor_total"),
+                         aberta}));
 
         QCOMPARE(comanda.valorProdutos(), produtos);
         QCOMPARE(comanda.valorServico(), taxa);
@@ -153,67 +161,56 @@ private slots:
         QCOMPARE(consultar(QStringLiteral("SELECT valor_total") + linha).toDouble(), total);
     }
 
-    void identificacaoVaziaViraNull() {
+    void escritas() {
         TestEnvironment env;
-        preparar(env);
+        const QString conexao = bancoDeTeste(env);
+        idColaborador = 1;
         {
             Comanda comanda;
-            comanda.apelido(3);
+            comanda.apelido(6);
+            comanda.ocupantes(4);
+            comanda.bloqueada(true);
+            comanda.cliente(2);
             comanda.identificacao(QString());
+            QCOMPARE(
+                contar(QStringLiteral("mesa = 6 AND ocupantes = 4 AND bloqueada = 1 AND id_cliente = 2 AND "
+                                      "identificacao IS NULL")),
+                1);
+            // The column is sent a text instead of the number, which the store refuses.
+            QVERIFY(erroDe([&] { comanda.colaborador(2); }) != 0);
+            QCOMPARE(comanda.colaborador(), qint16(2));
+            // 0 goes in as 0, which no customer has.
+            comanda.carregar();
+            QVERIFY(erroDe([&] { comanda.cliente(0); }) != 0);
         }
-        QCOMPARE(contar(QStringLiteral("mesa = 3 AND identificacao IS NULL")), 1);
-        Comanda outra;
-        outra.apelido(3);
-        QCOMPARE(outra.identificacao(), QString());
-        QCOMPARE(contar(QStringLiteral("1 = 1")), 1);
-    }
+        QCOMPARE(contar(QStringLiteral("mesa = 6 AND id_colaborador = 1")), 1);
 
-    void cadaEscritaGravaALinha() {
-        TestEnvironment env;
-        preparar(env);
         Comanda comanda;
         comanda.apelido(6);
-        comanda.ocupantes(4);
-        comanda.bloqueada(true);
-        comanda.cliente(2);
-        comanda.status(3);
-        QCOMPARE(contar(QStringLiteral("mesa = 6 AND ocupantes = 4 AND bloqueada = 1 AND id_cliente = 2 AND "
-                                       "status = 3")),
-                 1);
+        QCOMPARE(comanda.identificacao(), QString());
+        // The write goes to the row as it was read: another terminal's change in between fails it.
+        executar(QStringLiteral("UPDATE Tb_Comandas SET ocupantes = 6"), secondTerminal(conexao));
+        QCOMPARE(erroDe([&] { comanda.ocupantes(2); }), vbErr::RowNotLocated);
+        QCOMPARE(contar(QStringLiteral("ocupantes = 6")), 1);
+        // A closed tab leaves the query empty: nothing more can be written.
+        comanda.carregar();
+        comanda.status(0);
+        QCOMPARE(erroDe([&] { comanda.ocupantes(2); }), vbErr::NoCurrentRecord);
     }
 
     void idGrandeTransborda() {
         TestEnvironment env;
-        preparar(env);
-        abrirNoBanco(8, 1, 40000);
+        bancoDeTeste(env);
+        executar(QStringLiteral("UPDATE Tb_Comandas SET id_comanda = 40000 WHERE id_comanda = %1")
+                     .arg(abrirComanda(8, 1)));
         Comanda comanda;
-        try {
-            comanda.apelido(8);
-            QFAIL("the id fits no 16-bit integer");
-        } catch (const RuntimeError& erro) {
-            QCOMPARE(erro.Number, vbErr::Overflow);
-        }
-    }
-
-    void outroTerminalMudouALinha() {
-        TestEnvironment env;
-        const QString conexao = preparar(env);
-        Comanda comanda;
-        comanda.apelido(5);
-        executar(QStringLiteral("UPDATE Tb_Comandas SET ocupantes = 6 WHERE mesa = 5"),
-                 secondTerminal(conexao));
-        try {
-            comanda.ocupantes(2);
-            QFAIL("the row was changed since it was read");
-        } catch (const RuntimeError& erro) {
-            QCOMPARE(erro.Number, vbErr::RowNotLocated);
-        }
-        QCOMPARE(contar(QStringLiteral("mesa = 5 AND ocupantes = 6")), 1);
+        QCOMPARE(erroDe([&] { comanda.apelido(8); }), vbErr::Overflow);
     }
 
     void fimDoObjetoFechaORecordset() {
         TestEnvironment env;
-        preparar(env);
+        bancoDeTeste(env);
+        idColaborador = 1;
         comandaAtual = std::make_unique<Comanda>();
         comandaAtual->apelido(9);
         QVERIFY(Frm_Principal::instance().Ado_Mesas->Recordset().isOpen());

@@ -40,3 +40,16 @@ int abrirComanda(int mesa, int status, double valorTotal, const QDateTime& movim
         secondTerminal(conexaoLocal));
     return consultar(QStringLiteral("SELECT MAX(id_comanda) FROM Tb_Comandas")).toInt();
 }
+
+void itemNoBanco(int idComanda, int nItem, double valor, int status) {
+    executar(
+        QStringLiteral("INSERT INTO Tb_Comandas_Itens (id_comanda, n_item, codigo, descricao, quantidade, "
+                       "valor_unitario, valor_desconto, valor_acrescimo, quem_incluiu, data_inclusao, "
+                       "status, valor_total, id_comanda_origem) VALUES (%1, %2, 1, 'X-SALADA', 1, %3, 0, "
+                       "0, 1, '2024-03-05 11:10:00', %4, %3, %1)")
+            .arg(idComanda)
+            .arg(nItem)
+            .arg(valor, 0, 'f', 4)
+            .arg(status),
+        secondTerminal(conexaoLocal));
+}

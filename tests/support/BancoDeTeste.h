@@ -21,3 +21,5 @@ QVariant consultar(const QString& sql);
 // Returns its id.
 int abrirComanda(int mesa, int status, double valorTotal = 0, const QDateTime& movimento = QDateTime(),
                  int colaborador = 1);
+// An item of a tab worth valor, written as abrirComanda writes its tab.
+void itemNoBanco(int idComanda, int nItem, double valor, int status = 1);
