@@ -71,8 +71,6 @@ private slots:
         QTest::addColumn<QString>("server");
         QTest::addColumn<bool>("sqlite");
         QTest::newRow("host name") << "SERVIDOR" << false;
-        QTest::newRow("address and instance") << "192.168.0.10\\SQLEXPRESS" << false;
-        QTest::newRow("address and port") << "192.168.0.10,1433" << false;
         QTest::newRow("missing .db file") << "/nada/norvik.db" << true;
         QTest::newRow(".DB in capitals") << "/nada/NORVIK.DB" << true;
         QTest::newRow("existing file") << "EXISTING" << true;
@@ -179,10 +177,12 @@ private slots:
         const QString file = env->scratchPath(QStringLiteral("norvik.db"));
         const QString aside = env->scratchPath(QStringLiteral("aside.db"));
         QCOMPARE(countProducts(cs), 4);
-        closePooledDatabases(); // the WAL folded back into the file, so that it can be moved
+        // Terminals share the file in WAL mode; closing folds the WAL back so that it can be moved.
+        QCOMPARE(executeStatement(cs, QStringLiteral("PRAGMA journal_mode")).Fields(0).Value().toString(),
+                 QStringLiteral("wal"));
+        closePooledDatabases();
         QCOMPARE(countProducts(cs), 4);
         QVERIFY(QFile::rename(file, aside));
-        QCOMPARE(errorOf([&] { countProducts(cs); }).Number, vbErr::ConnectionFailure);
         QCOMPARE(errorOf([&] { countProducts(cs); }).Number, vbErr::ConnectionFailure);
         QVERIFY(QFile::rename(aside, file));
         QCOMPARE(countProducts(cs), 4);
@@ -205,15 +205,6 @@ private slots:
         QVERIFY(!QSqlDatabase::contains(other));
     }
 
-    void sqliteSettings() {
-        const QString cs = backOfficeDatabase(*env);
-        Connection connection;
-        connection.Open(cs);
-        QCOMPARE(connection.Execute(QStringLiteral("PRAGMA foreign_keys")).Fields(0).Value().toInt(), 1);
-        QCOMPARE(connection.Execute(QStringLiteral("PRAGMA journal_mode")).Fields(0).Value().toString(),
-                 QStringLiteral("wal"));
-    }
-
     // The error event sees the low word of a provider failure; the control shows the error unless
     // the handler keeps it quiet; the caller gets the error either way.
     void refreshFailure_data() {
@@ -222,7 +213,6 @@ private slots:
         QTest::addColumn<int>("eventNumber");
         QTest::addColumn<int>("number");
         QTest::newRow("lost, silenced") << "" << true << 16389 << vbErr::ConnectionFailure;
-        QTest::newRow("lost, shown") << "" << false << 16389 << vbErr::ConnectionFailure;
         QTest::newRow("bad statement, shown")
             << "SELECT * FROM Tb_Nada" << false << 3604 << vbErr::SyntaxError;
     }
@@ -232,7 +222,6 @@ private slots:
         QFETCH(int, eventNumber);
         QFETCH(int, number);
         DataControl control(QStringLiteral("Ado_Inicializacao"));
-        QCOMPARE(control.objectName(), QStringLiteral("Ado_Inicializacao"));
         QList<int> seen;
         control.Error = [&](int ErrorNumber, bool& fCancelDisplay) {
             seen << ErrorNumber;
