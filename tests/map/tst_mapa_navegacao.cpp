@@ -5,6 +5,7 @@
 #include "startup/variaveisGlobais.h"
 #include "store/Comanda.h"
 #include "support/BancoDeTeste.h"
+#include "support/Caixas.h"
 #include "support/Support.h"
 #include "support/TestMain.h"
 #include "table/Frm_Mesa.h"
@@ -17,26 +18,6 @@
 #include <memory>
 
 namespace {
-// A box as "title | style | text".
-QString caixa(const QString& titulo, int estilo, const QString& texto) {
-    return QStringLiteral("%1 | %2 | %3").arg(titulo).arg(estilo).arg(texto);
-}
-QString aviso(const QString& texto) {
-    return caixa(QStringLiteral("Aviso"), vbOKOnly | vbInformation, texto);
-}
-QString atencao(const QString& texto) {
-    return caixa(QStringLiteral("Atenção"), vbOKOnly | vbCritical, texto);
-}
-QString pergunta(const QString& texto) {
-    return caixa(QStringLiteral("Pergunta"), vbYesNo | vbQuestion, texto);
-}
-QStringList caixas() {
-    QStringList t;
-    for (const MsgBoxRecord& b : boxes())
-        t << caixa(b.title, b.style, b.prompt);
-    return t;
-}
-
 // The password prompt, answered as the person at the terminal would.
 void digitarSenha(const QString& senha) {
     onNextModal<Frm_Acesso>([senha](Frm_Acesso* f) {

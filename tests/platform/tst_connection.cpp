@@ -19,15 +19,6 @@
 #endif
 
 namespace {
-template <class F> RuntimeError errorOf(F action) {
-    try {
-        action();
-    } catch (const RuntimeError& error) {
-        return error;
-    }
-    return RuntimeError(0, QString());
-}
-
 int countProducts(const QString& connectionString) {
     return executeStatement(connectionString, QStringLiteral("SELECT COUNT(*) FROM PRODUTOS"))
         .Fields(0)
@@ -136,7 +127,7 @@ private slots:
         timer.start();
         Connection connection;
         connection.ConnectionTimeout = 2;
-        const RuntimeError error = errorOf([&] { connection.Open(cs); });
+        const RuntimeError error = raisedBy([&] { connection.Open(cs); });
         QCOMPARE(error.Number, vbErr::ConnectionFailure);
         QVERIFY2(error.Description.contains(QLatin1String("FreeTDS")), qPrintable(error.Description));
         QVERIFY2(timer.elapsed() < 15000, qPrintable(QString::number(timer.elapsed())));
@@ -166,7 +157,7 @@ private slots:
             QVERIFY(junk.open(QIODevice::WriteOnly));
             junk.write(QByteArray(8192, 'x'));
         }
-        const RuntimeError error = errorOf([&] { countProducts(cs); });
+        const RuntimeError error = raisedBy([&] { countProducts(cs); });
         QCOMPARE(error.Number, vbErr::ConnectionFailure);
         QVERIFY(!error.Description.isEmpty());
         QCOMPARE(QFile::exists(file), damage == QLatin1String("garbage")); // never made anew
@@ -183,7 +174,7 @@ private slots:
         closePooledDatabases();
         QCOMPARE(countProducts(cs), 4);
         QVERIFY(QFile::rename(file, aside));
-        QCOMPARE(errorOf([&] { countProducts(cs); }).Number, vbErr::ConnectionFailure);
+        QCOMPARE(raisedBy([&] { countProducts(cs); }).Number, vbErr::ConnectionFailure);
         QVERIFY(QFile::rename(aside, file));
         QCOMPARE(countProducts(cs), 4);
     }
@@ -234,7 +225,7 @@ private slots:
             control.ConnectionString = backOfficeDatabase(*env);
             control.RecordSource = source;
         }
-        const RuntimeError error = errorOf([&] { control.Refresh(); });
+        const RuntimeError error = raisedBy([&] { control.Refresh(); });
         QCOMPARE(error.Number, number);
         QCOMPARE(seen, QList<int>({eventNumber}));
         QCOMPARE(boxes().size(), cancel ? 0 : 1);

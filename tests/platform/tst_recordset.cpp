@@ -10,16 +10,6 @@
 #include <QTest>
 
 namespace {
-// Runs action and returns the number of the run-time error it raised, 0 if none.
-template <class F> int errorOf(F action) {
-    try {
-        action();
-    } catch (const RuntimeError& error) {
-        return error.Number;
-    }
-    return 0;
-}
-
 // The values of one column over the visible rows, from the first.
 QStringList column(Recordset& rs, const QString& name) {
     QStringList values;
@@ -47,25 +37,25 @@ private slots:
             executeStatement(db, QStringLiteral("SELECT ID_Colaborador, Nome FROM Tb_Colaborador"));
         QCOMPARE(rs.FieldCount(), 2);
         QCOMPARE(rs.Fields(1).Name(), QStringLiteral("Nome"));
-        QCOMPARE(errorOf([&] { rs.Fields(QStringLiteral("Senha")); }), vbErr::ItemNotFound);
+        QCOMPARE(raisedBy([&] { rs.Fields(QStringLiteral("Senha")); }).Number, vbErr::ItemNotFound);
         QCOMPARE(column(rs, QStringLiteral("nome")), QStringList({"ANA", "BRUNO", "D'ÁVILA"}));
         rs.MoveLast();
         rs.MoveNext();
         QVERIFY(rs.Eof() && !rs.Bof());
-        QCOMPARE(errorOf([&] { rs.Fields(0).Value(); }), vbErr::NoCurrentRecord);
-        QCOMPARE(errorOf([&] { rs.MoveNext(); }), vbErr::NoCurrentRecord);
+        QCOMPARE(raisedBy([&] { rs.Fields(0).Value(); }).Number, vbErr::NoCurrentRecord);
+        QCOMPARE(raisedBy([&] { rs.MoveNext(); }).Number, vbErr::NoCurrentRecord);
         rs.MoveFirst();
         rs.MovePrevious();
         QVERIFY(rs.Bof() && !rs.Eof());
-        QCOMPARE(errorOf([&] { rs.MovePrevious(); }), vbErr::NoCurrentRecord);
+        QCOMPARE(raisedBy([&] { rs.MovePrevious(); }).Number, vbErr::NoCurrentRecord);
 
         Recordset empty = executeStatement(db, QStringLiteral("SELECT * FROM Tb_Comandas"));
         QVERIFY(empty.Bof() && empty.Eof());
-        QCOMPARE(errorOf([&] { empty.MoveFirst(); }), vbErr::NoCurrentRecord);
-        QCOMPARE(errorOf([&] { empty.Fields(0).setValue(1); }), vbErr::NoCurrentRecord);
+        QCOMPARE(raisedBy([&] { empty.MoveFirst(); }).Number, vbErr::NoCurrentRecord);
+        QCOMPARE(raisedBy([&] { empty.Fields(0).setValue(1); }).Number, vbErr::NoCurrentRecord);
         Recordset closed =
             executeStatement(db, QStringLiteral("UPDATE PRODUTOS SET PRECO = 1 WHERE CODIGO = 99"));
-        QCOMPARE(errorOf([&] { closed.RecordCount(); }), vbErr::ObjectClosed);
+        QCOMPARE(raisedBy([&] { closed.RecordCount(); }).Number, vbErr::ObjectClosed);
     }
 
     // SQLite keeps dates as text and bits as integers; the copy holds QDateTime and bool, and a
@@ -139,7 +129,7 @@ private slots:
         other.Update();
 
         mine.Fields(column).setValue(value);
-        QCOMPARE(errorOf([&] { mine.Update(); }), miss ? vbErr::RowNotLocated : 0);
+        QCOMPARE(raisedBy([&] { mine.Update(); }).Number, miss ? vbErr::RowNotLocated : 0);
 
         Recordset now = executeStatement(db, sql);
         QCOMPARE(now.Fields(otherColumn).Value(), otherValue); // what the other terminal wrote stays
@@ -153,7 +143,7 @@ private slots:
         mine.Fields(QStringLiteral("iTaxa")).setValue(12.0);
         mine.Update();
         other.Fields(QStringLiteral("bServico")).setValue(false); // read before the change to iTaxa
-        QCOMPARE(errorOf([&] { other.Update(); }), vbErr::RowNotLocated);
+        QCOMPARE(raisedBy([&] { other.Update(); }).Number, vbErr::RowNotLocated);
         QCOMPARE(consultar(QStringLiteral("SELECT iTaxa || bServico FROM Tb_ConVendas")).toString(),
                  QStringLiteral("12.01"));
     }
@@ -179,22 +169,24 @@ private slots:
             db, QStringLiteral(
                     "SELECT P.CODIGO, E.QD FROM PRODUTOS P INNER JOIN TB_ESTOQUE E ON E.CODIGO = P.CODIGO"));
         join.Fields(QStringLiteral("QD")).setValue(1);
-        QCOMPARE(errorOf([&] { join.Update(); }), vbErr::NotUpdatable);
+        QCOMPARE(raisedBy([&] { join.Update(); }).Number, vbErr::NotUpdatable);
 
         Recordset tabs = executeStatement(db, QStringLiteral("SELECT * FROM Tb_Comandas"));
         tabs.AddNew();
         tabs.Fields(QStringLiteral("mesa")).setValue(1);
-        QCOMPARE(errorOf([&] { tabs.Update(); }), vbErr::IntegrityViolation); // NOT NULL columns left out
+        QCOMPARE(raisedBy([&] { tabs.Update(); }).Number,
+                 vbErr::IntegrityViolation); // NOT NULL columns left out
 
         abrirComanda(1, 1);
         Recordset tab = executeStatement(db, QStringLiteral("SELECT * FROM Tb_Comandas"));
         tab.Fields(QStringLiteral("id_colaborador")).setValue(99); // no such staff member
-        QCOMPARE(errorOf([&] { tab.Update(); }), vbErr::IntegrityViolation);
+        QCOMPARE(raisedBy([&] { tab.Update(); }).Number, vbErr::IntegrityViolation);
     }
 
     void executeGivesTotalsAndErrors() {
         Connection connection;
-        QCOMPARE(errorOf([&] { connection.Execute(QStringLiteral("SELECT 1")); }), vbErr::ConnectionNotOpen);
+        QCOMPARE(raisedBy([&] { connection.Execute(QStringLiteral("SELECT 1")); }).Number,
+                 vbErr::ConnectionNotOpen);
         connection.Open(db);
         QVERIFY(connection.Execute(QStringLiteral("SELECT SUM(valor_total) FROM Tb_Comandas_Itens"))
                     .Fields(0)
@@ -241,7 +233,7 @@ private slots:
         QFETCH(QString, codes);
         Recordset rs = executeStatement(db, QStringLiteral("SELECT * FROM PRODUTOS"));
         rs.setFilter(QStringLiteral("DEP = 1"));
-        const int error = errorOf([&] { rs.setFilter(criteria); });
+        const int error = raisedBy([&] { rs.setFilter(criteria); }).Number;
         if (codes.toInt() > 1000) {
             QCOMPARE(error, codes.toInt());
             // A refused filter leaves the one before in force.
@@ -292,7 +284,7 @@ private slots:
         Recordset rs = executeStatement(db, QStringLiteral("SELECT * FROM Tb_Colaborador"));
         for (int i = 0; i < from; ++i)
             rs.MoveNext();
-        const int error = errorOf([&] { rs.Find(criteria, skip, SearchDirection(direction)); });
+        const int error = raisedBy([&] { rs.Find(criteria, skip, SearchDirection(direction)); }).Number;
         if (found.toInt() > 1000)
             QCOMPARE(error, found.toInt());
         else if (found == QLatin1String("EOF"))
@@ -314,7 +306,7 @@ private slots:
         rs.MoveFirst();
         const QVariant salad = rs.Bookmark();
         rs.setFilter(QStringLiteral("DEP = 2"));
-        QCOMPARE(errorOf([&] { rs.setBookmark(salad); }), vbErr::BadArguments); // filtered out
+        QCOMPARE(raisedBy([&] { rs.setBookmark(salad); }).Number, vbErr::BadArguments); // filtered out
     }
 
     // Marking an item printed: the change is made on the current row, the filter narrows the copy

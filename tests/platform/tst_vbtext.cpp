@@ -1,5 +1,6 @@
 #include "platform/RuntimeError.h"
 #include "platform/VbText.h"
+#include "support/Support.h"
 #include "support/TestMain.h"
 
 #include <QHash>
@@ -7,16 +8,6 @@
 #include <functional>
 
 namespace {
-// The error number a call raises, 0 when it raises none.
-int errorOf(const std::function<void()>& call) {
-    try {
-        call();
-    } catch (const RuntimeError& e) {
-        return e.Number;
-    }
-    return 0;
-}
-
 QDateTime at(int day, int month, int year, int h = 0, int m = 0, int s = 0) {
     return QDateTime(QDate(year, month, day), QTime(h, m, s));
 }
@@ -170,7 +161,7 @@ private slots:
             {QStringLiteral("CDate"), [&] { return QVariant(CDate(value)); }},
         };
         QVariant result;
-        QCOMPARE(errorOf([&] { result = call.value(function)(); }), error);
+        QCOMPARE(raisedBy([&] { result = call.value(function)(); }).Number, error);
         if (error == 0)
             QCOMPARE(result, expected);
     }

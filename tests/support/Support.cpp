@@ -116,6 +116,15 @@ void onNextModalWidget(std::function<bool(QWidget*)> match, std::function<void(Q
     timer->start();
 }
 
+RuntimeError raisedBy(const std::function<void()>& call) {
+    try {
+        call();
+    } catch (const RuntimeError& error) {
+        return error;
+    }
+    return RuntimeError(0, QString());
+}
+
 QDateTime testMoment(int seconds) {
     return QDateTime(QDate(2024, 3, 5), QTime(12, 0, 0)).addSecs(seconds);
 }

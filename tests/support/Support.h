@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/MsgBox.h"
+#include "platform/RuntimeError.h"
 
 #include <QApplication>
 #include <QDateTime>
@@ -48,6 +49,9 @@ template <class T> void onNextModal(std::function<void(T*)> action) {
     onNextModalWidget([](QWidget* w) { return qobject_cast<T*>(w) != nullptr; },
                       [action](QWidget* w) { action(qobject_cast<T*>(w)); });
 }
+
+// The run-time error a call raises; number 0 when it raises none.
+RuntimeError raisedBy(const std::function<void()>& call);
 
 // A fixed moment for tests: 2024-03-05 12:00:00 plus the given seconds.
 QDateTime testMoment(int seconds = 0);
