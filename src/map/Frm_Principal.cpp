@@ -5,6 +5,7 @@
 #include "platform/Clock.h"
 #include "platform/DataControl.h"
 #include "platform/RuntimeError.h"
+#include "platform/Timer.h"
 #include "platform/Twips.h"
 #include "platform/VbText.h"
 #include "startup/variaveisGlobais.h"
@@ -16,7 +17,6 @@
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QStyle>
-#include <QTimer>
 #include <QTreeWidget>
 
 namespace {
@@ -106,22 +106,25 @@ Frm_Principal::Frm_Principal() {
     card[0]->setWidth(1335);
     card[0]->setHeight(1215);
     card[0]->setFont(font());
-    connect(card[0], &Mesa::Click, this, [this](int index) { card_Click(static_cast<qint16>(index)); });
 
     scrollBar = controle(new SmoothScrollBar(this), "scrollBar", 9780, 180, 255, 615);
     scrollBar->hide();
     scrollBar->WheelChange = 10;
     connect(scrollBar, &SmoothScrollBar::Change, this, &Frm_Principal::scrollBar_Change);
 
-    Timer = new QTimer(this);
-    Timer->setObjectName(QStringLiteral("Timer"));
-    Timer->setInterval(1000);
-    connect(Timer, &QTimer::timeout, this, &Frm_Principal::Timer_Timer);
+    Timer = new ::Timer(QStringLiteral("Timer"), 1000, this);
+    connect(Timer, &::Timer::Tick, this, &Frm_Principal::Timer_Timer);
 
     Ado_Refresh = new DataControl(QStringLiteral("Ado_Refresh"), this);
     Ado_Mesas = new DataControl(QStringLiteral("Ado_Mesas"), this);
     Ado_Geral = new DataControl(QStringLiteral("Ado_Geral"), this);
     Ado_Geral->Error = [this](int number, bool& cancel) { Ado_Geral_Error(number, cancel); };
+
+    onKeyPress(Text_mesa, &Frm_Principal::Text_mesa_KeyPress);
+    onKeyUp(Text_mesa, &Frm_Principal::Text_mesa_KeyUp);
+    onGotFocus(Text_mesa, &Frm_Principal::Text_mesa_GotFocus);
+    onLostFocus(Text_mesa, &Frm_Principal::Text_mesa_LostFocus);
+    onGotFocus(List_Menu, &Frm_Principal::List_Menu_GotFocus);
 
     setTabOrder(Text_mesa, List_Menu);
     Text_mesa->setFocus();
@@ -157,17 +160,13 @@ void Frm_Principal::Form_Load() {
         item->setToolTip(0, QString::fromUtf8(e.dica));
         item->setSelected(false);
     }
-    for (QLabel* label : {Lbl_acesso_rapido, Label_Todas, Label_Disponivel, Label_Ocupada, Label_Edicao,
-                          Label_Conferencia, Label_Ociosa})
-        larguraDoTexto(label);
 }
 
 void Frm_Principal::Form_Activate() {
     List_Menu->setColumnWidth(0, List_Menu->width());
     scrollBar->setMin(0);
     scrollBar->setMax(mesasForaDaTela / 10);
-    if (!Timer->isActive())
-        Timer->start();
+    Timer->setEnabled(true);
 }
 
 void Frm_Principal::montaMesas(qint16 quantidade) {
@@ -178,7 +177,6 @@ void Frm_Principal::montaMesas(qint16 quantidade) {
         const int indice = card.size();
         Mesa* nova = card[0]->carregarNova(indice);
         card.append(nova);
-        connect(nova, &Mesa::Click, this, [this](int index) { card_Click(static_cast<qint16>(index)); });
         nova->setVisible(true);
         nova->setNumero(static_cast<qint16>(indice + 1));
         nova->setTop(anterior->Top());
@@ -190,6 +188,8 @@ void Frm_Principal::montaMesas(qint16 quantidade) {
         if (nova->Top() + nova->Height() > alturaDaTela)
             ++mesasForaDaTela;
     }
+    for (Mesa* c : std::as_const(card))
+        connect(c, &Mesa::Click, this, [this](int index) { card_Click(static_cast<qint16>(index)); });
 }
 
 void Frm_Principal::Timer_Timer() {
@@ -245,21 +245,14 @@ void Frm_Principal::mesasRefresh() {
     setLegenda(Label_Ocupada, QStringLiteral("Ocupada (%1)").arg(contagem[1]));
 }
 
+// The legend's labels keep their design width: a longer count is cut, as it always was.
 void Frm_Principal::setLegenda(QLabel* label, const QString& caption) {
-    if (label->text() == caption)
-        return;
-    label->setText(caption);
-    larguraDoTexto(label);
-}
-
-void Frm_Principal::larguraDoTexto(QLabel* label) {
-    // The labels size themselves to their text, so that a count of two digits or a wider font than
-    // the design's shows whole.
-    label->resize(std::max(label->width(), label->sizeHint().width()), label->height());
+    if (label->text() != caption)
+        label->setText(caption);
 }
 
 void Frm_Principal::scrollBar_Change() {
-    Timer->stop();
+    Timer->setEnabled(false);
     const bool descer = scrollBar->Value() > scrollAnterior;
     for (int i = 0; i < card.size(); ++i) {
         Mesa* c = card[i];
@@ -267,7 +260,7 @@ void Frm_Principal::scrollBar_Change() {
         c->setTop(descer ? c->Top() - passo : c->Top() + passo);
         DoEvents();
     }
-    Timer->start();
+    Timer->setEnabled(true);
     scrollAnterior = static_cast<qint16>(scrollBar->Value());
 }
 

@@ -13,10 +13,10 @@ class QFrame;
 class QGroupBox;
 class QLabel;
 class QLineEdit;
-class QTimer;
 class QTreeWidget;
 class QTreeWidgetItem;
 class SmoothScrollBar;
+class Timer;
 
 // The map of the tables: one card per table, refreshed from the tab store every second, and the
 // ways to reach a table, filter the map, transfer, adjust the settings and leave.
@@ -43,7 +43,7 @@ public:
     // card[i] is table i + 1.
     QList<Mesa*> card;
     SmoothScrollBar* scrollBar;
-    QTimer* Timer;
+    ::Timer* Timer;
 
     DataControl* Ado_Refresh; // the map's refresh only
     DataControl* Ado_Mesas;   // the open tab (Comanda)
@@ -67,10 +67,6 @@ protected:
     void Form_Load() override;
     void Form_Activate() override;
     void Form_KeyDown(int& KeyCode, int Shift) override;
-    void Control_KeyPress(QWidget* ctl, int& KeyAscii) override;
-    void Control_KeyUp(QWidget* ctl, int& KeyCode, int Shift) override;
-    void Control_GotFocus(QWidget* ctl) override;
-    void Control_LostFocus(QWidget* ctl) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -82,7 +78,6 @@ private:
     // "0000" in the quick access field, and the focus to it.
     void limparAcessoRapido();
     void setLegenda(QLabel* label, const QString& caption);
-    static void larguraDoTexto(QLabel* label);
 
     qint16 scrollAnterior = 0;
 };

@@ -47,28 +47,6 @@ void Frm_Principal::Form_KeyDown(int& KeyCode, int Shift) {
     Text_mesa->setFocus();
 }
 
-void Frm_Principal::Control_KeyPress(QWidget* ctl, int& KeyAscii) {
-    if (ctl == Text_mesa)
-        Text_mesa_KeyPress(KeyAscii);
-}
-
-void Frm_Principal::Control_KeyUp(QWidget* ctl, int& KeyCode, int Shift) {
-    if (ctl == Text_mesa)
-        Text_mesa_KeyUp(KeyCode, Shift);
-}
-
-void Frm_Principal::Control_GotFocus(QWidget* ctl) {
-    if (ctl == Text_mesa)
-        Text_mesa_GotFocus();
-    else if (ctl == List_Menu)
-        List_Menu_GotFocus();
-}
-
-void Frm_Principal::Control_LostFocus(QWidget* ctl) {
-    if (ctl == Text_mesa)
-        Text_mesa_LostFocus();
-}
-
 void Frm_Principal::limparAcessoRapido() {
     Text_mesa->setText(QStringLiteral("0000"));
     Text_mesa->setFocus();

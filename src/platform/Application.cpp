@@ -7,6 +7,7 @@
 
 #include <QKeyEvent>
 #include <QLocale>
+#include <QMouseEvent>
 #include <memory>
 
 void pinLocale() {
@@ -49,6 +50,12 @@ bool Application::notify(QObject* receiver, QEvent* event) {
         case QEvent::KeyRelease:
             if (Form* form = formOf(receiver))
                 if (form->previewKeyRelease(static_cast<QWidget*>(receiver), static_cast<QKeyEvent*>(event)))
+                    return true;
+            break;
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonDblClick:
+            if (Form* form = formOf(receiver))
+                if (form->mousePressed(static_cast<QWidget*>(receiver), static_cast<QMouseEvent*>(event)))
                     return true;
             break;
         case QEvent::FocusIn:

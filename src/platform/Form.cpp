@@ -1,9 +1,13 @@
 #include "platform/Form.h"
 
+#include "platform/MsgBox.h"
+#include "platform/Twips.h"
+
 #include <QApplication>
 #include <QCloseEvent>
 #include <QEventLoop>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QScreen>
 #include <QSet>
 #include <QTimer>
@@ -44,7 +48,24 @@ void Form::load() {
     if (m_loaded)
         return;
     m_loaded = true;
-    Form_Load();
+    try {
+        Form_Load();
+    } catch (...) {
+        // Not loaded after all: the next touch makes and loads a new instance.
+        discard();
+        throw;
+    }
+}
+
+// Gone without its handlers: hidden, out of any modal show, destroyed by the event loop.
+void Form::discard() {
+    m_unloaded = true;
+    hide();
+    if (m_modalLoop)
+        m_modalLoop->quit();
+    if (s_active == this)
+        s_active = nullptr;
+    deleteLater();
 }
 
 void Form::activate() {
@@ -104,26 +125,15 @@ void Form::Unload() {
     Form_Unload(cancel);
     if (cancel != 0)
         return;
-    m_unloaded = true;
-    hide();
-    if (m_modalLoop)
-        m_modalLoop->quit();
-    if (s_active == this)
-        s_active = nullptr;
-    deleteLater();
+    discard();
     quitWhenNoScreenIsLeft();
 }
 
 void Form::unloadAll() {
     const QSet<Form*> forms = allForms();
     for (Form* f : forms) {
-        if (f->m_unloaded)
-            continue;
-        f->m_unloaded = true;
-        f->hide();
-        if (f->m_modalLoop)
-            f->m_modalLoop->quit();
-        f->deleteLater();
+        if (!f->m_unloaded)
+            f->discard();
     }
     s_active = nullptr;
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -140,13 +150,21 @@ void Form::keyPressEvent(QKeyEvent* event) {
     QWidget::keyPressEvent(event);
 }
 
+Form::ControlEvents& Form::eventsOf(QWidget* ctl) {
+    Q_ASSERT_X(ctl && !ctl->objectName().isEmpty(), "Form", "an event bound to a control without a name");
+    return m_events[ctl];
+}
+
 QWidget* Form::controlOf(QWidget* w) const {
-    for (; w && w != this; w = w->parentWidget()) {
-        const QString name = w->objectName();
-        if (!name.isEmpty() && !name.startsWith(QLatin1String("qt_")))
+    for (; w && w != this; w = w->parentWidget())
+        if (m_events.contains(w))
             return w;
-    }
     return nullptr;
+}
+
+const Form::ControlEvents* Form::eventsFor(QWidget* ctl) const {
+    const auto it = m_events.constFind(ctl);
+    return it == m_events.cend() ? nullptr : &it.value();
 }
 
 int Form::vbKeyCode(const QKeyEvent* e) {
@@ -214,7 +232,7 @@ int Form::vbKeyCode(const QKeyEvent* e) {
     }
 }
 
-int Form::vbShift(const QKeyEvent* e) {
+int Form::vbShift(const QInputEvent* e) {
     int shift = 0;
     if (e->modifiers() & Qt::ShiftModifier)
         shift |= 1;
@@ -259,18 +277,22 @@ int qtKeyOfChar(int ascii) {
 
 bool Form::previewKeyPress(QWidget* target, QKeyEvent* event, std::unique_ptr<QKeyEvent>* replacement) {
     QPointer<Form> self(this);
+    const auto gone = [&] { return !self || m_unloaded; };
     QWidget* ctl = controlOf(target);
     const int shift = vbShift(event);
 
+    // KeyCode = 0 stops only the control's KeyDown: the key message itself goes on, so its
+    // KeyPress still comes and the control still gets the key.
     int keyCode = vbKeyCode(event);
     if (keyCode != 0) {
         if (KeyPreview)
             Form_KeyDown(keyCode, shift);
-        if (!self || m_unloaded || keyCode == 0)
+        if (gone())
             return true;
-        if (ctl)
-            Control_KeyDown(ctl, keyCode, shift);
-        if (!self || m_unloaded || keyCode == 0)
+        if (keyCode != 0 && ctl)
+            if (const ControlEvents* e = eventsFor(ctl); e && e->KeyDown)
+                e->KeyDown(keyCode, shift);
+        if (gone())
             return true;
     }
 
@@ -280,11 +302,14 @@ bool Form::previewKeyPress(QWidget* target, QKeyEvent* event, std::unique_ptr<QK
     int keyAscii = original;
     if (KeyPreview)
         Form_KeyPress(keyAscii);
-    if (!self || m_unloaded || keyAscii == 0)
+    if (gone() || keyAscii == 0)
         return true;
+    // The focus may have moved: the KeyPress goes to the control that has it now.
+    ctl = controlOf(target);
     if (ctl)
-        Control_KeyPress(ctl, keyAscii);
-    if (!self || m_unloaded || keyAscii == 0)
+        if (const ControlEvents* e = eventsFor(ctl); e && e->KeyPress)
+            e->KeyPress(keyAscii);
+    if (gone() || keyAscii == 0)
         return true;
     if (keyAscii != original)
         replacement->reset(new QKeyEvent(event->type(), qtKeyOfChar(keyAscii),
@@ -303,21 +328,51 @@ bool Form::previewKeyRelease(QWidget* target, QKeyEvent* event) {
     const int shift = vbShift(event);
     if (KeyPreview)
         Form_KeyUp(keyCode, shift);
-    if (!self || m_unloaded || keyCode == 0)
+    if (!self || m_unloaded)
         return true;
     if (QWidget* ctl = controlOf(target))
-        Control_KeyUp(ctl, keyCode, shift);
-    return !self || m_unloaded || keyCode == 0;
+        if (const ControlEvents* e = eventsFor(ctl); e && e->KeyUp)
+            e->KeyUp(keyCode, shift);
+    return !self || m_unloaded;
 }
 
 void Form::focusChanged(QWidget* target, bool gotFocus) {
     if (m_unloaded)
         return;
     QWidget* ctl = controlOf(target);
-    if (!ctl)
+    const ControlEvents* e = ctl ? eventsFor(ctl) : nullptr;
+    if (!e)
         return;
-    if (gotFocus)
-        Control_GotFocus(ctl);
-    else
-        Control_LostFocus(ctl);
+    if (gotFocus && e->GotFocus)
+        e->GotFocus();
+    else if (!gotFocus && e->LostFocus)
+        e->LostFocus();
+}
+
+bool Form::mousePressed(QWidget* target, QMouseEvent* event) {
+    if (m_unloaded)
+        return false;
+    QWidget* ctl = controlOf(target);
+    const ControlEvents* e = ctl ? eventsFor(ctl) : nullptr;
+    if (!e || !e->MouseDown)
+        return false;
+    int button = 0;
+    switch (event->button()) {
+    case Qt::LeftButton:
+        button = 1;
+        break;
+    case Qt::RightButton:
+        button = 2;
+        break;
+    case Qt::MiddleButton:
+        button = 4;
+        break;
+    default:
+        return false;
+    }
+    QPointer<Form> self(this);
+    const QPointF p = ctl->mapFrom(target, event->position());
+    const int boxesBefore = msgBoxCount();
+    e->MouseDown(button, vbShift(event), p.x() * twipsPerPixelX(), p.y() * twipsPerPixelY());
+    return !self || m_unloaded || msgBoxCount() != boxesBefore;
 }

@@ -9,7 +9,12 @@ std::function<int(const MsgBoxRecord&)>& hook() {
     static std::function<int(const MsgBoxRecord&)> h;
     return h;
 }
+int s_count = 0;
 } // namespace
+
+int msgBoxCount() {
+    return s_count;
+}
 
 QString programTitle() {
     return QStringLiteral("Zarvel");
@@ -21,6 +26,7 @@ void setMsgBoxHook(std::function<int(const MsgBoxRecord&)> h) {
 
 int MsgBox(const QString& prompt, int style, const QString& title) {
     const QString caption = title.isEmpty() ? programTitle() : title;
+    ++s_count;
     if (hook())
         return hook()({prompt, style, caption});
 

@@ -21,6 +21,9 @@ QString programTitle();
 // Shows a modal box and returns the button pressed. No title gives the program's title.
 int MsgBox(const QString& prompt, int style = vbOKOnly, const QString& title = QString());
 
+// How many boxes the process has shown so far, answered by a hook or not.
+int msgBoxCount();
+
 struct MsgBoxRecord {
     QString prompt;
     int style;

@@ -10,10 +10,10 @@
 #include "support/TestMain.h"
 #include "table/Frm_Mesa.h"
 
+#include "platform/Timer.h"
 #include <QFrame>
 #include <QLineEdit>
 #include <QTest>
-#include <QTimer>
 #include <QTreeWidget>
 #include <memory>
 
@@ -44,7 +44,7 @@ class TestMapaNavegacao : public QObject {
         quantidadeMesas = 30;
         Frm_Principal& mapa = Frm_Principal::instance();
         mapa.Show();
-        mapa.Timer->stop(); // the tests refresh the map themselves
+        mapa.Timer->setEnabled(false); // the tests refresh the map themselves
         if (!QTest::qWaitForWindowActive(&mapa))
             qWarning("the map never became the active window");
         mapa.Text_mesa->setFocus();

@@ -8,9 +8,9 @@
 #include "support/TestDatabase.h"
 #include "support/TestMain.h"
 
+#include "platform/Timer.h"
 #include <QLabel>
 #include <QTest>
-#include <QTimer>
 #include <cmath>
 #include <memory>
 
@@ -144,7 +144,7 @@ private slots:
         abrirComanda(31, 1);
         mapa.Show();
         QTRY_VERIFY_WITH_TIMEOUT(processEnded(), 1500);
-        mapa.Timer->stop();
+        mapa.Timer->setEnabled(false);
         QVERIFY(!boxes().isEmpty());
         QVERIFY(boxes().first().prompt.startsWith(QStringLiteral("Run-time error '340':")));
     }

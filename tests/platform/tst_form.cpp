@@ -1,8 +1,10 @@
 #include "platform/Form.h"
 #include "platform/RuntimeError.h"
+#include "platform/Timer.h"
 #include "support/Support.h"
 #include "support/TestMain.h"
 
+#include <QElapsedTimer>
 #include <QLineEdit>
 #include <QScreen>
 #include <QTest>
@@ -17,6 +19,10 @@ public:
         KeyPreview = true;
         Text_a = new QLineEdit(this);
         Text_a->setObjectName(QStringLiteral("Text_a"));
+        onKeyDown(Text_a, &Frm_Teste::Text_a_KeyDown);
+        onKeyPress(Text_a, &Frm_Teste::Text_a_KeyPress);
+        onKeyUp(Text_a, &Frm_Teste::Text_a_KeyUp);
+        onMouseDown(Text_a, &Frm_Teste::Text_a_MouseDown);
     }
     static Frm_Teste& instance() { return defaultInstance<Frm_Teste>(); }
 
@@ -27,9 +33,15 @@ public:
     bool failOnKey = false;
     bool unloadOnEscape = false;
     bool cancelUnload = false;
+    static inline bool failOnLoad = false;
+    bool boxOnMouseDown = false;
 
 protected:
-    void Form_Load() override { log << QStringLiteral("Load"); }
+    void Form_Load() override {
+        log << QStringLiteral("Load");
+        if (failOnLoad)
+            raiseError(vbErr::Overflow);
+    }
     void Form_Activate() override { log << QStringLiteral("Activate"); }
     void Form_Unload(int& Cancel) override {
         log << QStringLiteral("Unload");
@@ -50,11 +62,13 @@ protected:
         if (KeyAscii == changeFrom)
             KeyAscii = changeTo;
     }
-    void Control_KeyPress(QWidget* ctl, int& KeyAscii) override {
-        log << QStringLiteral("%1_KeyPress %2").arg(ctl->objectName()).arg(KeyAscii);
-    }
-    void Control_KeyUp(QWidget* ctl, int& KeyCode, int) override {
-        log << QStringLiteral("%1_KeyUp %2").arg(ctl->objectName()).arg(KeyCode);
+    void Text_a_KeyDown(int& KeyCode, int) { log << QStringLiteral("Text_a_KeyDown %1").arg(KeyCode); }
+    void Text_a_KeyPress(int& KeyAscii) { log << QStringLiteral("Text_a_KeyPress %1").arg(KeyAscii); }
+    void Text_a_KeyUp(int& KeyCode, int) { log << QStringLiteral("Text_a_KeyUp %1").arg(KeyCode); }
+    void Text_a_MouseDown(int Button, int Shift, double, double) {
+        log << QStringLiteral("Text_a_MouseDown %1 %2").arg(Button).arg(Shift);
+        if (boxOnMouseDown)
+            MsgBox(QStringLiteral("recusa"));
     }
 };
 
@@ -111,16 +125,24 @@ private slots:
         f.log.clear();
         QTest::keyClick(f.Text_a, Qt::Key_5);
         QCOMPARE(f.Text_a->text(), QStringLiteral("5"));
-        QCOMPARE(f.log,
-                 (QStringList{QStringLiteral("KeyDown 53 0"), QStringLiteral("KeyPress 53"),
-                              QStringLiteral("Text_a_KeyPress 53"), QStringLiteral("Text_a_KeyUp 53")}));
+        QCOMPARE(f.log, (QStringList{QStringLiteral("KeyDown 53 0"), QStringLiteral("Text_a_KeyDown 53"),
+                                     QStringLiteral("KeyPress 53"), QStringLiteral("Text_a_KeyPress 53"),
+                                     QStringLiteral("Text_a_KeyUp 53")}));
+        // KeyCode = 0 stops the control's KeyDown only: the KeyPress comes and the digit is typed.
+        f.log.clear();
         f.swallowCode = 54;
         QTest::keyClick(f.Text_a, Qt::Key_6);
-        QCOMPARE(f.Text_a->text(), QStringLiteral("5"));
+        QCOMPARE(f.Text_a->text(), QStringLiteral("56"));
+        QCOMPARE(f.log,
+                 (QStringList{QStringLiteral("KeyDown 54 0"), QStringLiteral("KeyPress 54"),
+                              QStringLiteral("Text_a_KeyPress 54"), QStringLiteral("Text_a_KeyUp 54")}));
         f.changeFrom = 'a';
         f.changeTo = 'A';
         QTest::keyClicks(f.Text_a, QStringLiteral("ab"));
-        QCOMPARE(f.Text_a->text(), QStringLiteral("5Ab"));
+        QCOMPARE(f.Text_a->text(), QStringLiteral("56Ab"));
+        f.changeTo = 0;
+        QTest::keyClick(f.Text_a, Qt::Key_A);
+        QCOMPARE(f.Text_a->text(), QStringLiteral("56Ab"));
         // Escape leaves a screen only when its handler says so.
         QTest::keyClick(f.Text_a, Qt::Key_Escape);
         QVERIFY(f.isVisible());
@@ -143,6 +165,75 @@ private slots:
         QVERIFY(seen);
         QCOMPARE(parent.log.last(), QStringLiteral("Activate"));
         QCOMPARE(parent.log.count(QStringLiteral("Activate")), 2);
+    }
+
+    void aFailedLoadLeavesNoInstanceAndTheNextTouchLoadsAgain() {
+        TestEnvironment env;
+        Frm_Teste::failOnLoad = true;
+        QCOMPARE(raisedBy([] { Frm_Teste::instance().ShowModal(); }).Number, 6);
+        QVERIFY(!Form::isLoaded<Frm_Teste>());
+        Frm_Teste::failOnLoad = false;
+        QCOMPARE(Frm_Teste::instance().log, QStringList{QStringLiteral("Load")});
+    }
+
+    // A box shown by the handler takes the press: the control never sees it.
+    void aMouseDownThatShowsABoxTakesThePress_data() {
+        QTest::addColumn<bool>("box");
+        QTest::newRow("no box") << false;
+        QTest::newRow("box") << true;
+    }
+    void aMouseDownThatShowsABoxTakesThePress() {
+        QFETCH(bool, box);
+        TestEnvironment env;
+        Frm_Teste& f = Frm_Teste::instance();
+        f.Show();
+        f.Text_a->setText(QStringLiteral("abc"));
+        f.Text_a->setCursorPosition(3);
+        f.boxOnMouseDown = box;
+        f.log.clear();
+        QTest::mouseClick(f.Text_a, Qt::RightButton, Qt::ShiftModifier);
+        QTest::mousePress(f.Text_a, Qt::LeftButton, {}, QPoint(2, f.Text_a->height() / 2));
+        QCOMPARE(f.log, (QStringList{QStringLiteral("Text_a_MouseDown 2 1"),
+                                     QStringLiteral("Text_a_MouseDown 1 0")}));
+        QCOMPARE(f.Text_a->cursorPosition(), box ? 3 : 0);
+        QTest::mouseRelease(f.Text_a, Qt::LeftButton);
+    }
+
+    // Maps started at different moments must not tick together: the idle rule's race depends on it.
+    void timersEnabledAtDifferentMomentsTickAtDifferentMoments() {
+        QElapsedTimer clock;
+        clock.start();
+        std::vector<std::unique_ptr<Timer>> timers;
+        QList<qint64> firstTick(4, -1);
+        for (int i = 0; i < 4; ++i) {
+            if (i > 0)
+                QTest::qWait(250);
+            timers.push_back(std::make_unique<Timer>(QStringLiteral("Timer"), 1000, nullptr));
+            const qint64 enabledAt = clock.elapsed();
+            QObject::connect(timers.back().get(), &Timer::Tick, [&, i, enabledAt] {
+                if (firstTick[i] < 0)
+                    firstTick[i] = clock.elapsed() - enabledAt;
+            });
+            timers.back()->setEnabled(true);
+        }
+        QTRY_VERIFY_WITH_TIMEOUT(!firstTick.contains(-1), 3000);
+        for (qint64 t : std::as_const(firstTick))
+            QVERIFY2(t >= 1000 && t < 1100, qPrintable(QString::number(t)));
+    }
+
+    void aTickIsNotDeliveredAgainWhileItsHandlerRuns() {
+        Timer timer(QStringLiteral("Timer"), 20, nullptr);
+        int depth = 0, deepest = 0, ticks = 0;
+        QObject::connect(&timer, &Timer::Tick, [&] {
+            ++ticks;
+            deepest = std::max(deepest, ++depth);
+            if (ticks == 1)
+                QTest::qWait(150); // a message box or DoEvents in the handler
+            --depth;
+        });
+        timer.setEnabled(true);
+        QTRY_VERIFY(ticks >= 3);
+        QCOMPARE(deepest, 1);
     }
 
     // Also under a bare X server, where no window manager acts on the state.
