@@ -17,26 +17,10 @@ Mesa* Mesa::carregarNova(int index) const {
     auto* nova = new Mesa(parentWidget(), index);
     nova->setVisible(false);
     nova->setFont(font());
-    nova->lblLegendaMesaFontSize = lblLegendaMesaFontSize;
-    nova->lblLegendaMesaLeft = lblLegendaMesaLeft;
-    nova->lblLegendaMesaTop = lblLegendaMesaTop;
-    nova->lblLegendaMesaWidth = lblLegendaMesaWidth;
-    nova->lblLegendaMesaHeight = lblLegendaMesaHeight;
-    nova->lblLegendaValorFontSize = lblLegendaValorFontSize;
-    nova->lblLegendaValorLeft = lblLegendaValorLeft;
-    nova->lblLegendaValorTop = lblLegendaValorTop;
-    nova->lblLegendaValorWidth = lblLegendaValorWidth;
-    nova->lblLegendaValorHeight = lblLegendaValorHeight;
-    nova->lblMesaFontSize = lblMesaFontSize;
-    nova->lblMesaLeft = lblMesaLeft;
-    nova->lblMesaTop = lblMesaTop;
-    nova->lblMesaWidth = lblMesaWidth;
-    nova->lblMesaHeight = lblMesaHeight;
-    nova->lblValorFontSize = lblValorFontSize;
-    nova->lblValorLeft = lblValorLeft;
-    nova->lblValorTop = lblValorTop;
-    nova->lblValorWidth = lblValorWidth;
-    nova->lblValorHeight = lblValorHeight;
+    nova->lblLegendaMesa = lblLegendaMesa;
+    nova->lblLegendaValor = lblLegendaValor;
+    nova->lblMesa = lblMesa;
+    nova->lblValor = lblValor;
     nova->m_left = m_left;
     nova->m_top = m_top;
     nova->m_width = m_width;
@@ -142,25 +126,21 @@ void Mesa::paintEvent(QPaintEvent*) {
 
     // Dark text on the light backgrounds, white on the strong ones.
     p.setPen(fundo.lightness() > 150 ? Qt::black : Qt::white);
-    const auto texto = [&](double size, double left, double top, double width, double height,
-                           const QString& s, bool negrito) {
+    const auto texto = [&](const Rotulo& r, const QString& s, bool negrito) {
         QFont f = font();
-        f.setPointSizeF(size);
+        f.setPointSizeF(r.FontSize);
         f.setBold(negrito);
         p.setFont(f);
-        p.drawText(
-            QRect(twipsToPixelsX(left), twipsToPixelsY(top), twipsToPixelsX(width), twipsToPixelsY(height)),
-            Qt::AlignCenter, s);
+        p.drawText(QRect(twipsToPixelsX(r.Left), twipsToPixelsY(r.Top), twipsToPixelsX(r.Width),
+                         twipsToPixelsY(r.Height)),
+                   Qt::AlignCenter, s);
     };
     // valor is the stored value's plain text; the card shows it as money.
     const QString valorTexto = IsNumeric(m_valor) ? FormatCurrency(CDbl(m_valor), 2) : m_valor;
-    texto(lblLegendaMesaFontSize, lblLegendaMesaLeft, lblLegendaMesaTop, lblLegendaMesaWidth,
-          lblLegendaMesaHeight, QStringLiteral("Mesa"), false);
-    texto(lblMesaFontSize, lblMesaLeft, lblMesaTop, lblMesaWidth, lblMesaHeight,
-          Format(m_numero, QStringLiteral("00")), true);
-    texto(lblLegendaValorFontSize, lblLegendaValorLeft, lblLegendaValorTop, lblLegendaValorWidth,
-          lblLegendaValorHeight, QStringLiteral("Valor"), false);
-    texto(lblValorFontSize, lblValorLeft, lblValorTop, lblValorWidth, lblValorHeight, valorTexto, true);
+    texto(lblLegendaMesa, QStringLiteral("Mesa"), false);
+    texto(lblMesa, Format(m_numero, QStringLiteral("00")), true);
+    texto(lblLegendaValor, QStringLiteral("Valor"), false);
+    texto(lblValor, valorTexto, true);
 }
 
 void Mesa::mousePressEvent(QMouseEvent* event) {

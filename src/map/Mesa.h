@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QWidget>
+#include <array>
 
 // The table card of the map. It paints itself from numero, status and valor in the legend's
 // colours. Place, size and the four texts' fonts and places are kept in twips and points, as the
@@ -44,14 +45,14 @@ public:
     // The four texts of the card: the caption of the table number, the caption of the value, the
     // table number and the value; fonts in points, places in twips inside the card. Call update()
     // after changing them.
-    double lblLegendaMesaFontSize = 8, lblLegendaMesaLeft = 60, lblLegendaMesaTop = 45;
-    double lblLegendaMesaWidth = 1215, lblLegendaMesaHeight = 255;
-    double lblLegendaValorFontSize = 8, lblLegendaValorLeft = 60, lblLegendaValorTop = 780;
-    double lblLegendaValorWidth = 1215, lblLegendaValorHeight = 195;
-    double lblMesaFontSize = 20, lblMesaLeft = 60, lblMesaTop = 270;
-    double lblMesaWidth = 1215, lblMesaHeight = 510;
-    double lblValorFontSize = 10, lblValorLeft = 60, lblValorTop = 960;
-    double lblValorWidth = 1215, lblValorHeight = 225;
+    struct Rotulo {
+        double FontSize, Left, Top, Width, Height;
+    };
+    Rotulo lblLegendaMesa{8, 60, 45, 1215, 255};
+    Rotulo lblLegendaValor{8, 60, 780, 1215, 195};
+    Rotulo lblMesa{20, 60, 270, 1215, 510};
+    Rotulo lblValor{10, 60, 960, 1215, 225};
+    std::array<Rotulo*, 4> rotulos() { return {&lblLegendaMesa, &lblLegendaValor, &lblMesa, &lblValor}; }
 
 signals:
     void Click(int Index);

@@ -34,21 +34,17 @@ void ajustaTela(QWidget& tela) {
     for (QWidget* w : controles) {
         if (auto* c = qobject_cast<Mesa*>(w)) {
             c->setFontSize(c->FontSize() * fonte);
-            for (double* v : {&c->lblLegendaMesaFontSize, &c->lblLegendaValorFontSize, &c->lblMesaFontSize,
-                              &c->lblValorFontSize})
-                *v *= fonte;
             c->setHeight(c->Height() * alto);
             c->setTop(c->Top() * alto);
-            for (double* v : {&c->lblLegendaMesaHeight, &c->lblLegendaMesaTop, &c->lblLegendaValorHeight,
-                              &c->lblLegendaValorTop, &c->lblMesaHeight, &c->lblMesaTop, &c->lblValorHeight,
-                              &c->lblValorTop})
-                *v *= alto;
             c->setWidth(c->Width() * largo);
             c->setLeft(c->Left() * largo);
-            for (double* v : {&c->lblLegendaMesaWidth, &c->lblLegendaMesaLeft, &c->lblLegendaValorWidth,
-                              &c->lblLegendaValorLeft, &c->lblMesaWidth, &c->lblMesaLeft, &c->lblValorWidth,
-                              &c->lblValorLeft})
-                *v *= largo;
+            for (Mesa::Rotulo* r : c->rotulos()) {
+                r->FontSize *= fonte;
+                r->Top *= alto;
+                r->Height *= alto;
+                r->Left *= largo;
+                r->Width *= largo;
+            }
             c->update();
             continue;
         }

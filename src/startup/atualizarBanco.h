@@ -1,18 +1,13 @@
 #pragma once
 
+#include "platform/Equivalente.h"
+
 #include <QString>
 #include <vector>
 
 // The schema upgrade of every start: the columns this system keeps in back-office tables, the two
 // back-office primary keys and the three tab tables, each change behind a catalogue test.
 void atualizarBanco();
-
-// One statement in each dialect. The SQL Server text is the statement as this system has always
-// sent it; the SQLite text does the same thing on the embedded database.
-struct Equivalente {
-    QString sqlServer;
-    QString sqlite;
-};
 
 // A test (a SELECT COUNT(*)), the count that lets the step run, its statements in order, and the
 // steps that run inside it.
