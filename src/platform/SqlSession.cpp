@@ -9,6 +9,7 @@
 #include <QSqlRecord>
 #include <QThread>
 #include <QUrl>
+#include <limits>
 
 namespace {
 std::function<void(const QString&)> s_observer;
@@ -49,15 +50,18 @@ QString poolPrefix() {
     return QStringLiteral("zarvel|%1|").arg(quintptr(QThread::currentThread()));
 }
 
+thread_local QHash<QString, QHash<QString, TableInfo>> t_tables; // by pooled connection name
+// The command time-out a pooled connection applies now, where the engine keeps it per connection.
+thread_local QHash<QString, int> t_commandTimeouts; // seconds, by pooled connection name
+
 void dropPooled(const QString& name) {
+    t_commandTimeouts.remove(name);
     {
         QSqlDatabase db = QSqlDatabase::database(name, false);
         db.close();
     }
     QSqlDatabase::removeDatabase(name);
 }
-
-thread_local QHash<QString, QHash<QString, TableInfo>> t_tables; // by pooled connection name
 
 [[noreturn]] void raiseSqlError(Dialect dialect, const QSqlError& error, const QString& poolName) {
     const int number = errorNumberOf(dialect, error);
@@ -81,6 +85,26 @@ ColumnKind kindOfDeclaredType(const QString& declared) {
 }
 
 const QString kSqliteDateTime = QStringLiteral("yyyy-MM-dd HH:mm:ss");
+
+// A time-out in seconds as SQLite's busy wait: ADO's 0 waits without limit, SQLite's 0 not at all.
+int busyWaitMs(int seconds) {
+    constexpr int kLongest = std::numeric_limits<int>::max() / 1000;
+    return seconds <= 0 || seconds > kLongest ? std::numeric_limits<int>::max() : seconds * 1000;
+}
+
+// The statement that gives a connection the command time-out, for the engines that keep it per
+// connection; none for SQL Server, where it is an attribute of each statement's ODBC handle.
+// SQLite waits only for another terminal's lock, so its busy wait is the time-out.
+// (PostgreSQL will take SET statement_timeout here.)
+QString commandTimeoutSetting(Dialect dialect, int seconds) {
+    switch (dialect) {
+    case Dialect::SQLite:
+        return QStringLiteral("PRAGMA busy_timeout = %1").arg(busyWaitMs(seconds));
+    case Dialect::SqlServer:
+        break;
+    }
+    return QString();
+}
 } // namespace
 
 QString databaseFileOf(const QString& connectionString) {
@@ -154,8 +178,10 @@ QSqlDatabase pooledDatabase(const QString& connectionString, int connectionTimeo
         db.setDatabaseName(
             QString::fromLatin1(QUrl::fromLocalFile(databaseFileOf(connectionString)).toEncoded()) +
             QStringLiteral("?mode=rw"));
+        // Until the first statement sets its own, the opener's login time-out is the busy wait:
+        // the settings below may wait for another terminal too.
         db.setConnectOptions(QStringLiteral("QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=%1")
-                                 .arg(qMax(1, connectionTimeoutSeconds) * 1000));
+                                 .arg(busyWaitMs(connectionTimeoutSeconds)));
     } else {
         db = QSqlDatabase::addDatabase(QStringLiteral("QODBC"), name);
         db.setDatabaseName(odbcConnectionString(connectionString));
@@ -189,6 +215,7 @@ QSqlDatabase pooledDatabase(const QString& connectionString, int connectionTimeo
                 raiseError(vbErr::ConnectionFailure, text.isEmpty() ? error.driverText() : text);
             }
         }
+        t_commandTimeouts.insert(name, connectionTimeoutSeconds);
     }
     return db;
 }
@@ -256,7 +283,8 @@ int errorNumberOf(Dialect dialect, const QSqlError& error) {
     default:
         break;
     }
-    if (error.databaseText().contains(QLatin1String("Communication link failure"), Qt::CaseInsensitive))
+    const QString text = error.databaseText();
+    if (text.contains(QLatin1String("Communication link failure"), Qt::CaseInsensitive))
         return vbErr::ConnectionFailure;
     return vbErr::SyntaxError;
 }
@@ -266,8 +294,29 @@ SqlSession::SqlSession(const QString& connectionString, int connectionTimeoutSec
     : m_connectionString(connectionString), m_connectionTimeout(connectionTimeoutSeconds),
       m_commandTimeout(commandTimeoutSeconds), m_dialect(dialectOf(connectionString)) {}
 
+void SqlSession::applyCommandTimeout(QSqlDatabase& db) {
+    const QString name = db.connectionName();
+    if (t_commandTimeouts.value(name, -1) == m_commandTimeout)
+        return;
+    const QString setting = commandTimeoutSetting(m_dialect, m_commandTimeout);
+    if (setting.isEmpty())
+        return;
+    QSqlError error;
+    {
+        QSqlQuery q(db);
+        if (!q.exec(setting))
+            error = q.lastError();
+    }
+    if (error.isValid()) {
+        db = QSqlDatabase();
+        raiseSqlError(m_dialect, error, name);
+    }
+    t_commandTimeouts.insert(name, m_commandTimeout);
+}
+
 QSqlQuery SqlSession::exec(const QString& sql, const QVariantList& values, bool observed) {
     QSqlDatabase db = pooledDatabase(m_connectionString, m_connectionTimeout);
+    applyCommandTimeout(db);
     if (observed && s_observer)
         s_observer(sql);
     QSqlError error;

@@ -8,6 +8,7 @@
 
 #include <QElapsedTimer>
 #include <QFile>
+#include <QSemaphore>
 #include <QSqlDatabase>
 #include <QTest>
 #include <QThread>
@@ -194,6 +195,58 @@ private slots:
         delete thread;
         QVERIFY(!other.isEmpty() && other != first);
         QVERIFY(!QSqlDatabase::contains(other));
+    }
+
+    // On the shared pooled connection each caller waits out another terminal's lock for its own
+    // command time-out, not for what the caller that opened the connection asked; 0 waits for ever.
+    void commandTimeoutOfEachCaller_data() {
+        QTest::addColumn<int>("openerTimeout");
+        QTest::addColumn<int>("commandTimeout");
+        QTest::addColumn<int>("lockHeldMs"); // -1: until the statement gives up
+        QTest::addColumn<bool>("succeeds");
+        QTest::newRow("shorter than the opener's") << 5 << 1 << -1 << false;
+        QTest::newRow("longer than the opener's") << 1 << 8 << 2500 << true;
+        QTest::newRow("no limit") << 1 << 0 << 2500 << true;
+    }
+    void commandTimeoutOfEachCaller() {
+        QFETCH(int, openerTimeout);
+        QFETCH(int, commandTimeout);
+        QFETCH(int, lockHeldMs);
+        QFETCH(bool, succeeds);
+        const QString cs = backOfficeDatabase(*env);
+        closePooledDatabases(); // the opener below is the first
+        Connection opener;
+        opener.ConnectionTimeout = openerTimeout;
+        opener.CommandTimeout = openerTimeout;
+        opener.Open(cs);
+        opener.Execute(QStringLiteral("SELECT COUNT(*) FROM PRODUTOS"));
+
+        // Another terminal: a connection of its own (its own thread) holding the write lock.
+        QSemaphore held, release;
+        QThread* terminal = QThread::create([&] {
+            executeStatement(cs, QStringLiteral("BEGIN IMMEDIATE"));
+            held.release();
+            release.tryAcquire(1, lockHeldMs < 0 ? 60000 : lockHeldMs);
+            executeStatement(cs, QStringLiteral("COMMIT"));
+            closePooledDatabases();
+        });
+        terminal->start();
+        QVERIFY(held.tryAcquire(1, 10000));
+
+        Connection mine;
+        mine.CommandTimeout = commandTimeout;
+        mine.Open(cs);
+        QElapsedTimer timer;
+        timer.start();
+        const RuntimeError error =
+            raisedBy([&] { mine.Execute(QStringLiteral("UPDATE PRODUTOS SET PRECO = 1 WHERE CODIGO = 1")); });
+        const qint64 elapsed = timer.elapsed();
+        release.release();
+        QVERIFY(terminal->wait(20000));
+        delete terminal;
+        QCOMPARE(error.Number, succeeds ? 0 : vbErr::QueryTimeout);
+        if (!succeeds)
+            QVERIFY2(elapsed >= 800 && elapsed < 4000, qPrintable(QString::number(elapsed)));
     }
 
     // The error event sees the low word of a provider failure; the control shows the error unless
