@@ -4,15 +4,29 @@
 
 #include <QDateTime>
 #include <QFileInfo>
+#include <QLibrary>
 #include <QSqlDriver>
 #include <QSqlError>
 #include <QSqlRecord>
+#include <QSqlResult>
 #include <QThread>
 #include <QUrl>
 #include <limits>
 
+#ifdef Q_OS_WIN
+#define ODBC_API __stdcall
+#else
+#define ODBC_API
+#endif
+
 namespace {
 std::function<void(const QString&)> s_observer;
+
+#ifdef Q_OS_WIN
+const QString kOdbcLibrary = QStringLiteral("odbc32");
+#else
+const QString kOdbcLibrary = QStringLiteral("libodbc.so.2");
+#endif
 
 // Connection-string keywords by lower-case name; ADO's synonyms folded onto one name each.
 QHash<QString, QString> adoKeywords(const QString& connectionString) {
@@ -104,6 +118,37 @@ QString commandTimeoutSetting(Dialect dialect, int seconds) {
         break;
     }
     return QString();
+}
+
+// SQLSetStmtAttr of the ODBC driver manager that the QODBC plugin has loaded, found at run time so
+// that the build needs no ODBC headers.
+using SetStmtAttr = short(ODBC_API*)(void* statement, int attribute, void* value, int length);
+SetStmtAttr setStmtAttr() {
+    static const SetStmtAttr function = [] {
+        QLibrary library(kOdbcLibrary);
+        const auto resolved = reinterpret_cast<SetStmtAttr>(library.resolve("SQLSetStmtAttr"));
+        if (!resolved)
+            qWarning("No SQLSetStmtAttr in %s: statements run without a time-out",
+                     qPrintable(library.fileName()));
+        return resolved;
+    }();
+    return function;
+}
+
+// QODBC runs a statement given to exec(sql) on a handle it makes there and then: a statement's
+// time-out can be set only between prepare() and exec().
+void setQueryTimeout(const QSqlQuery& query, int seconds) {
+    constexpr int kQueryTimeout = 0; // SQL_ATTR_QUERY_TIMEOUT, in seconds; 0 is no limit, as in ADO
+    constexpr int kIsUInteger = -5;  // SQL_IS_UINTEGER
+    const QVariant handle = query.result()->handle();
+    const SetStmtAttr set = setStmtAttr();
+    if (!set || handle.typeId() != QMetaType::VoidStar)
+        return;
+    void* statement = *static_cast<void* const*>(handle.constData());
+    const short result = set(statement, kQueryTimeout,
+                             reinterpret_cast<void*>(static_cast<quintptr>(qMax(0, seconds))), kIsUInteger);
+    if (result != 0 && result != 1) // neither SQL_SUCCESS nor SQL_SUCCESS_WITH_INFO
+        qWarning("The ODBC driver refused a query time-out of %d s", seconds);
 }
 } // namespace
 
@@ -286,6 +331,10 @@ int errorNumberOf(Dialect dialect, const QSqlError& error) {
     const QString text = error.databaseText();
     if (text.contains(QLatin1String("Communication link failure"), Qt::CaseInsensitive))
         return vbErr::ConnectionFailure;
+    // A query time-out is ODBC's HYT00 with no native code; Qt 6.4 passes on only its text.
+    if (text.contains(QLatin1String("Timeout expired"), Qt::CaseInsensitive) ||
+        text.contains(QLatin1String("HYT00")))
+        return vbErr::QueryTimeout;
     return vbErr::SyntaxError;
 }
 
@@ -324,11 +373,14 @@ QSqlQuery SqlSession::exec(const QString& sql, const QVariantList& values, bool 
         QSqlQuery q(db);
         q.setForwardOnly(true);
         bool ok;
-        if (values.isEmpty()) {
+        // SQL Server's statements all go prepared: their time-out is set on the handle in between.
+        if (values.isEmpty() && m_dialect != Dialect::SqlServer) {
             ok = q.exec(sql);
         } else {
             ok = q.prepare(sql);
             if (ok) {
+                if (m_dialect == Dialect::SqlServer)
+                    setQueryTimeout(q, m_commandTimeout);
                 for (const QVariant& value : values)
                     q.addBindValue(value);
                 ok = q.exec();

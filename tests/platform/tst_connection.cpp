@@ -2,6 +2,7 @@
 #include "platform/Connection.h"
 #include "platform/DataControl.h"
 #include "platform/RuntimeError.h"
+#include "platform/SqlSession.h"
 #include "support/Support.h"
 #include "support/TestDatabase.h"
 #include "support/TestMain.h"
@@ -10,6 +11,7 @@
 #include <QFile>
 #include <QSemaphore>
 #include <QSqlDatabase>
+#include <QSqlError>
 #include <QTest>
 #include <QThread>
 
@@ -102,6 +104,29 @@ private slots:
         QFETCH(QString, ado);
         QFETCH(QString, odbc);
         QCOMPARE(odbcConnectionString(ado), odbc);
+    }
+
+    // A SQL Server statement past its time-out reports ODBC's HYT00 with no native code: Qt 6.4
+    // passes on the driver's text only, later versions add the SQLSTATE.
+    void sqlServerStatementErrors_data() {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("native");
+        QTest::addColumn<int>("number");
+        QTest::newRow("FreeTDS time-out") << "[FreeTDS][SQL Server]Timeout expired"
+                                          << "0" << vbErr::QueryTimeout;
+        QTest::newRow("localized, with the SQLSTATE")
+            << "[Microsoft][ODBC Driver 17 for SQL Server]Tempo limite da consulta expirado, HYT00"
+            << "0" << vbErr::QueryTimeout;
+        QTest::newRow("syntax") << "[FreeTDS][SQL Server]Incorrect syntax near 'FROM'."
+                                << "102" << vbErr::SyntaxError;
+    }
+    void sqlServerStatementErrors() {
+        QFETCH(QString, text);
+        QFETCH(QString, native);
+        QFETCH(int, number);
+        const QSqlError error(QStringLiteral("QODBC: Unable to execute statement"), text,
+                              QSqlError::StatementError, native);
+        QCOMPARE(errorNumberOf(Dialect::SqlServer, error), number);
     }
 
     // FreeTDS fails at once on a closed port, and within the login time-out on a server that
