@@ -4,7 +4,6 @@
 
 #include <QFile>
 #include <QList>
-#include <QSaveFile>
 
 // Choices where the original is not pinned down: lines this code writes end in CR LF, a rewritten
 // key line keeps the end it had; a key line is rewritten with the key as the caller spells it; a
@@ -113,9 +112,13 @@ int GetPrivateProfileString(const QString& section, const QString& key, const QS
 
 bool WritePrivateProfileString(const QString& section, const QString& key, const QString& value,
                                const QString& file) {
-    QList<Line> lines;
-    if (!readLines(file, lines))
+    // Rewritten where it stands, as the original did, not replaced through a new file: a writable
+    // file in a folder the user can't write (the updater's mailbox) takes the value, a read-only
+    // file refuses it. Only a missing file needs the folder. The content goes in one write.
+    QFile f(file);
+    if (!f.open(QIODevice::ReadWrite))
         return false;
+    QList<Line> lines = splitLines(f.readAll());
     const Place place = locate(lines, section, key);
     const QByteArray entry = encodeWindows1252(key.trimmed() + u'=' + value);
     if (place.key >= 0) {
@@ -136,9 +139,5 @@ bool WritePrivateProfileString(const QString& section, const QString& key, const
     QByteArray data;
     for (const Line& line : lines)
         data += line.text + line.end;
-    QSaveFile f(file);
-    if (!f.open(QIODevice::WriteOnly))
-        return false;
-    f.write(data);
-    return f.commit();
+    return f.seek(0) && f.write(data) == data.size() && f.flush() && f.resize(data.size());
 }
