@@ -21,9 +21,11 @@ QString databaseFileOf(const QString& connectionString);
 QString odbcConnectionString(const QString& connectionString);
 
 // The pooled connection of this connection string and thread, opened (or re-opened after a
-// failure) with the login time-out given. A refused or failed connection raises -2147467259 with
-// the driver's text. SQLite: foreign keys on, WAL, and a busy wait of the connection time-out for
-// another terminal's lock; a database file that is missing (or has gone) is never created anew.
+// failure) with the login time-out given; a connection already open is shared as it is, and each
+// statement brings its own command time-out. A refused or failed connection raises -2147467259
+// with the driver's text. SQLite: foreign keys on, WAL, and the login time-out as the busy wait
+// for another terminal's lock while opening; a database file that is missing (or has gone) is
+// never created anew.
 QSqlDatabase pooledDatabase(const QString& connectionString, int connectionTimeoutSeconds = 15);
 
 // Closes every pooled connection of this thread (tests, before their database files go).
@@ -32,9 +34,10 @@ void closePooledDatabases();
 // Runs a statement on the pooled connection and returns its rows as a client-side copy (closed
 // when the statement returns no rows). A failure raises the run-time error of its kind:
 // -2147467259 for a refused, failed or lost connection (also a file that is not a database),
-// -2147217873 for a key, foreign-key or NOT NULL violation, -2147217871 when another terminal held
-// the database locked past the busy wait, and -2147217900 for every other statement error
-// (syntax, unknown table or column); the description is the driver's text.
+// -2147217873 for a key, foreign-key or NOT NULL violation, -2147217871 when the statement outlasted
+// the command time-out (on SQLite: another terminal held the database locked that long; 0 waits
+// without limit), and -2147217900 for every other statement error (syntax, unknown table or
+// column); the description is the driver's text.
 Recordset executeStatement(const QString& connectionString, const QString& sql,
                            int connectionTimeoutSeconds = 15, int commandTimeoutSeconds = 30);
 
@@ -56,5 +59,6 @@ private:
 
 // Test seam: sees every statement sent to a database (after dialect mapping), in order: what the
 // program runs and the UPDATE and INSERT statements of Recordset::Update, but not the layer's own
-// catalogue look-ups (key columns, column types) nor the settings made when a connection opens.
+// catalogue look-ups (key columns, column types) nor the settings it makes on a connection (at
+// the open, and a statement's command time-out).
 void setStatementObserver(std::function<void(const QString& sql)> observer);

@@ -1,8 +1,9 @@
 #include "platform/Profile.h"
 
+#include "platform/Windows1252.h"
+
 #include <QFile>
 #include <QList>
-#include <QSaveFile>
 
 // Choices where the original is not pinned down: lines this code writes end in CR LF, a rewritten
 // key line keeps the end it had; a key line is rewritten with the key as the caller spells it; a
@@ -12,38 +13,6 @@
 // deleted (an empty value writes "key=").
 
 namespace {
-// Windows-1252 where it differs from Latin-1: 0x80..0x9F (the five holes map to themselves).
-constexpr char16_t kHigh[32] = {0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
-                                0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
-                                0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
-                                0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
-
-QString decode(const QByteArray& bytes) {
-    QString text;
-    text.reserve(bytes.size());
-    for (const char b : bytes) {
-        const uchar u = uchar(b);
-        text += (u >= 0x80 && u < 0xA0) ? QChar(kHigh[u - 0x80]) : QChar(u);
-    }
-    return text;
-}
-
-QByteArray encode(const QString& text) {
-    QByteArray bytes;
-    bytes.reserve(text.size());
-    for (const QChar c : text) {
-        const char16_t u = c.unicode();
-        char b = '?';
-        if (u < 0x80 || (u >= 0xA0 && u <= 0xFF))
-            b = char(u);
-        for (int i = 0; i < 32; ++i)
-            if (kHigh[i] == u)
-                b = char(0x80 + i);
-        bytes += b;
-    }
-    return bytes;
-}
-
 const QByteArray kLineEnd = QByteArrayLiteral("\r\n");
 
 // A line of the file as it stands, with its own end ("\r\n", "\n", or none on the last line).
@@ -93,7 +62,7 @@ struct Place {
 Place locate(const QList<Line>& lines, const QString& section, const QString& key) {
     Place place;
     for (int i = 0; i < lines.size(); ++i) {
-        const QString text = decode(lines[i].text);
+        const QString text = decodeWindows1252(lines[i].text);
         const QString name = sectionName(text);
         if (!name.isNull()) {
             if (place.section >= 0)
@@ -143,11 +112,15 @@ int GetPrivateProfileString(const QString& section, const QString& key, const QS
 
 bool WritePrivateProfileString(const QString& section, const QString& key, const QString& value,
                                const QString& file) {
-    QList<Line> lines;
-    if (!readLines(file, lines))
+    // Rewritten where it stands, as the original did, not replaced through a new file: a writable
+    // file in a folder the user can't write (the updater's mailbox) takes the value, a read-only
+    // file refuses it. Only a missing file needs the folder. The content goes in one write.
+    QFile f(file);
+    if (!f.open(QIODevice::ReadWrite))
         return false;
+    QList<Line> lines = splitLines(f.readAll());
     const Place place = locate(lines, section, key);
-    const QByteArray entry = encode(key.trimmed() + u'=' + value);
+    const QByteArray entry = encodeWindows1252(key.trimmed() + u'=' + value);
     if (place.key >= 0) {
         Line& line = lines[place.key];
         line = Line{entry, line.end.isEmpty() ? kLineEnd : line.end};
@@ -159,16 +132,12 @@ bool WritePrivateProfileString(const QString& section, const QString& key, const
         if (place.section >= 0) {
             lines.insert(after + 1, Line{entry, kLineEnd});
         } else {
-            lines << Line{encode(u'[' + section.trimmed() + u']'), kLineEnd};
+            lines << Line{encodeWindows1252(u'[' + section.trimmed() + u']'), kLineEnd};
             lines << Line{entry, kLineEnd};
         }
     }
     QByteArray data;
     for (const Line& line : lines)
         data += line.text + line.end;
-    QSaveFile f(file);
-    if (!f.open(QIODevice::WriteOnly))
-        return false;
-    f.write(data);
-    return f.commit();
+    return f.seek(0) && f.write(data) == data.size() && f.flush() && f.resize(data.size());
 }

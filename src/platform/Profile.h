@@ -10,6 +10,8 @@
 int GetPrivateProfileString(const QString& section, const QString& key, const QString& defaultValue,
                             QString& out, int size, const QString& file);
 
-// Writes key=value into the section, creating the file, section or key as needed.
+// Writes key=value into the section, creating the file, section or key as needed; the file is
+// rewritten in place. False when nothing was written (the file or, for a new file, the folder
+// refused).
 bool WritePrivateProfileString(const QString& section, const QString& key, const QString& value,
                                const QString& file);

@@ -27,7 +27,7 @@ constexpr int ConnectionFailure = -2147467259; // 0x80004005, the provider's gen
 constexpr int RowNotLocated = -2147217864;     // optimistic lock miss on Update
 constexpr int SyntaxError = -2147217900;
 constexpr int IntegrityViolation = -2147217873;
-constexpr int QueryTimeout = -2147217871; // the database stayed locked by another terminal
+constexpr int QueryTimeout = -2147217871; // a statement outlasted its command time-out
 constexpr int AutomationException = -2147352567;
 } // namespace vbErr
 

@@ -4,14 +4,29 @@
 
 #include <QDateTime>
 #include <QFileInfo>
+#include <QLibrary>
 #include <QSqlDriver>
 #include <QSqlError>
 #include <QSqlRecord>
+#include <QSqlResult>
 #include <QThread>
 #include <QUrl>
+#include <limits>
+
+#ifdef Q_OS_WIN
+#define ODBC_API __stdcall
+#else
+#define ODBC_API
+#endif
 
 namespace {
 std::function<void(const QString&)> s_observer;
+
+#ifdef Q_OS_WIN
+const QString kOdbcLibrary = QStringLiteral("odbc32");
+#else
+const QString kOdbcLibrary = QStringLiteral("libodbc.so.2");
+#endif
 
 // Connection-string keywords by lower-case name; ADO's synonyms folded onto one name each.
 QHash<QString, QString> adoKeywords(const QString& connectionString) {
@@ -49,15 +64,18 @@ QString poolPrefix() {
     return QStringLiteral("zarvel|%1|").arg(quintptr(QThread::currentThread()));
 }
 
+thread_local QHash<QString, QHash<QString, TableInfo>> t_tables; // by pooled connection name
+// The command time-out a pooled connection applies now, where the engine keeps it per connection.
+thread_local QHash<QString, int> t_commandTimeouts; // seconds, by pooled connection name
+
 void dropPooled(const QString& name) {
+    t_commandTimeouts.remove(name);
     {
         QSqlDatabase db = QSqlDatabase::database(name, false);
         db.close();
     }
     QSqlDatabase::removeDatabase(name);
 }
-
-thread_local QHash<QString, QHash<QString, TableInfo>> t_tables; // by pooled connection name
 
 [[noreturn]] void raiseSqlError(Dialect dialect, const QSqlError& error, const QString& poolName) {
     const int number = errorNumberOf(dialect, error);
@@ -81,6 +99,57 @@ ColumnKind kindOfDeclaredType(const QString& declared) {
 }
 
 const QString kSqliteDateTime = QStringLiteral("yyyy-MM-dd HH:mm:ss");
+
+// A time-out in seconds as SQLite's busy wait: ADO's 0 waits without limit, SQLite's 0 not at all.
+int busyWaitMs(int seconds) {
+    constexpr int kLongest = std::numeric_limits<int>::max() / 1000;
+    return seconds <= 0 || seconds > kLongest ? std::numeric_limits<int>::max() : seconds * 1000;
+}
+
+// The statement that gives a connection the command time-out, for the engines that keep it per
+// connection; none for SQL Server, where it is an attribute of each statement's ODBC handle.
+// SQLite waits only for another terminal's lock, so its busy wait is the time-out.
+// (PostgreSQL will take SET statement_timeout here.)
+QString commandTimeoutSetting(Dialect dialect, int seconds) {
+    switch (dialect) {
+    case Dialect::SQLite:
+        return QStringLiteral("PRAGMA busy_timeout = %1").arg(busyWaitMs(seconds));
+    case Dialect::SqlServer:
+        break;
+    }
+    return QString();
+}
+
+// SQLSetStmtAttr of the ODBC driver manager that the QODBC plugin has loaded, found at run time so
+// that the build needs no ODBC headers.
+using SetStmtAttr = short(ODBC_API*)(void* statement, int attribute, void* value, int length);
+SetStmtAttr setStmtAttr() {
+    static const SetStmtAttr function = [] {
+        QLibrary library(kOdbcLibrary);
+        const auto resolved = reinterpret_cast<SetStmtAttr>(library.resolve("SQLSetStmtAttr"));
+        if (!resolved)
+            qWarning("No SQLSetStmtAttr in %s: statements run without a time-out",
+                     qPrintable(library.fileName()));
+        return resolved;
+    }();
+    return function;
+}
+
+// QODBC runs a statement given to exec(sql) on a handle it makes there and then: a statement's
+// time-out can be set only between prepare() and exec().
+void setQueryTimeout(const QSqlQuery& query, int seconds) {
+    constexpr int kQueryTimeout = 0; // SQL_ATTR_QUERY_TIMEOUT, in seconds; 0 is no limit, as in ADO
+    constexpr int kIsUInteger = -5;  // SQL_IS_UINTEGER
+    const QVariant handle = query.result()->handle();
+    const SetStmtAttr set = setStmtAttr();
+    if (!set || handle.typeId() != QMetaType::VoidStar)
+        return;
+    void* statement = *static_cast<void* const*>(handle.constData());
+    const short result = set(statement, kQueryTimeout,
+                             reinterpret_cast<void*>(static_cast<quintptr>(qMax(0, seconds))), kIsUInteger);
+    if (result != 0 && result != 1) // neither SQL_SUCCESS nor SQL_SUCCESS_WITH_INFO
+        qWarning("The ODBC driver refused a query time-out of %d s", seconds);
+}
 } // namespace
 
 QString databaseFileOf(const QString& connectionString) {
@@ -154,8 +223,10 @@ QSqlDatabase pooledDatabase(const QString& connectionString, int connectionTimeo
         db.setDatabaseName(
             QString::fromLatin1(QUrl::fromLocalFile(databaseFileOf(connectionString)).toEncoded()) +
             QStringLiteral("?mode=rw"));
+        // Until the first statement sets its own, the opener's login time-out is the busy wait:
+        // the settings below may wait for another terminal too.
         db.setConnectOptions(QStringLiteral("QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=%1")
-                                 .arg(qMax(1, connectionTimeoutSeconds) * 1000));
+                                 .arg(busyWaitMs(connectionTimeoutSeconds)));
     } else {
         db = QSqlDatabase::addDatabase(QStringLiteral("QODBC"), name);
         db.setDatabaseName(odbcConnectionString(connectionString));
@@ -189,6 +260,7 @@ QSqlDatabase pooledDatabase(const QString& connectionString, int connectionTimeo
                 raiseError(vbErr::ConnectionFailure, text.isEmpty() ? error.driverText() : text);
             }
         }
+        t_commandTimeouts.insert(name, connectionTimeoutSeconds);
     }
     return db;
 }
@@ -256,8 +328,13 @@ int errorNumberOf(Dialect dialect, const QSqlError& error) {
     default:
         break;
     }
-    if (error.databaseText().contains(QLatin1String("Communication link failure"), Qt::CaseInsensitive))
+    const QString text = error.databaseText();
+    if (text.contains(QLatin1String("Communication link failure"), Qt::CaseInsensitive))
         return vbErr::ConnectionFailure;
+    // A query time-out is ODBC's HYT00 with no native code; Qt 6.4 passes on only its text.
+    if (text.contains(QLatin1String("Timeout expired"), Qt::CaseInsensitive) ||
+        text.contains(QLatin1String("HYT00")))
+        return vbErr::QueryTimeout;
     return vbErr::SyntaxError;
 }
 
@@ -266,8 +343,29 @@ SqlSession::SqlSession(const QString& connectionString, int connectionTimeoutSec
     : m_connectionString(connectionString), m_connectionTimeout(connectionTimeoutSeconds),
       m_commandTimeout(commandTimeoutSeconds), m_dialect(dialectOf(connectionString)) {}
 
+void SqlSession::applyCommandTimeout(QSqlDatabase& db) {
+    const QString name = db.connectionName();
+    if (t_commandTimeouts.value(name, -1) == m_commandTimeout)
+        return;
+    const QString setting = commandTimeoutSetting(m_dialect, m_commandTimeout);
+    if (setting.isEmpty())
+        return;
+    QSqlError error;
+    {
+        QSqlQuery q(db);
+        if (!q.exec(setting))
+            error = q.lastError();
+    }
+    if (error.isValid()) {
+        db = QSqlDatabase();
+        raiseSqlError(m_dialect, error, name);
+    }
+    t_commandTimeouts.insert(name, m_commandTimeout);
+}
+
 QSqlQuery SqlSession::exec(const QString& sql, const QVariantList& values, bool observed) {
     QSqlDatabase db = pooledDatabase(m_connectionString, m_connectionTimeout);
+    applyCommandTimeout(db);
     if (observed && s_observer)
         s_observer(sql);
     QSqlError error;
@@ -275,11 +373,14 @@ QSqlQuery SqlSession::exec(const QString& sql, const QVariantList& values, bool 
         QSqlQuery q(db);
         q.setForwardOnly(true);
         bool ok;
-        if (values.isEmpty()) {
+        // SQL Server's statements all go prepared: their time-out is set on the handle in between.
+        if (values.isEmpty() && m_dialect != Dialect::SqlServer) {
             ok = q.exec(sql);
         } else {
             ok = q.prepare(sql);
             if (ok) {
+                if (m_dialect == Dialect::SqlServer)
+                    setQueryTimeout(q, m_commandTimeout);
                 for (const QVariant& value : values)
                     q.addBindValue(value);
                 ok = q.exec();

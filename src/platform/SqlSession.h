@@ -46,6 +46,10 @@ public:
     void forgetTables();
 
 private:
+    // Gives the pooled connection this session's command time-out where the engine keeps it per
+    // connection, unless it has it already.
+    void applyCommandTimeout(QSqlDatabase& db);
+
     QString m_connectionString;
     int m_connectionTimeout;
     int m_commandTimeout;

@@ -4,13 +4,13 @@
 #include "platform/Paths.h"
 #include "platform/RuntimeError.h"
 #include "platform/VbText.h"
+#include "platform/Windows1252.h"
 #include "startup/ExecCmd.h"
 #include "startup/rotinasGerais.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QStringEncoder>
 
 namespace {
 bool existeArquivo(const QString& caminho) {
@@ -73,6 +73,5 @@ void gravarLog(const QString& mensagem) {
     if (!log.open(QIODevice::WriteOnly | QIODevice::Append))
         raiseError(vbErr::PathFileAccess);
     // Text files of this machine are in its 8-bit code page.
-    QStringEncoder codigo("windows-1252");
-    log.write(codigo.encode(linha));
+    log.write(encodeWindows1252(linha));
 }

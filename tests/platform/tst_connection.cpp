@@ -2,13 +2,16 @@
 #include "platform/Connection.h"
 #include "platform/DataControl.h"
 #include "platform/RuntimeError.h"
+#include "platform/SqlSession.h"
 #include "support/Support.h"
 #include "support/TestDatabase.h"
 #include "support/TestMain.h"
 
 #include <QElapsedTimer>
 #include <QFile>
+#include <QSemaphore>
 #include <QSqlDatabase>
+#include <QSqlError>
 #include <QTest>
 #include <QThread>
 
@@ -103,6 +106,29 @@ private slots:
         QCOMPARE(odbcConnectionString(ado), odbc);
     }
 
+    // A SQL Server statement past its time-out reports ODBC's HYT00 with no native code: Qt 6.4
+    // passes on the driver's text only, later versions add the SQLSTATE.
+    void sqlServerStatementErrors_data() {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("native");
+        QTest::addColumn<int>("number");
+        QTest::newRow("FreeTDS time-out") << "[FreeTDS][SQL Server]Timeout expired"
+                                          << "0" << vbErr::QueryTimeout;
+        QTest::newRow("localized, with the SQLSTATE")
+            << "[Microsoft][ODBC Driver 17 for SQL Server]Tempo limite da consulta expirado, HYT00"
+            << "0" << vbErr::QueryTimeout;
+        QTest::newRow("syntax") << "[FreeTDS][SQL Server]Incorrect syntax near 'FROM'."
+                                << "102" << vbErr::SyntaxError;
+    }
+    void sqlServerStatementErrors() {
+        QFETCH(QString, text);
+        QFETCH(QString, native);
+        QFETCH(int, number);
+        const QSqlError error(QStringLiteral("QODBC: Unable to execute statement"), text,
+                              QSqlError::StatementError, native);
+        QCOMPARE(errorNumberOf(Dialect::SqlServer, error), number);
+    }
+
     // FreeTDS fails at once on a closed port, and within the login time-out on a server that
     // accepts and never answers.
     void sqlServerThatIsNotThere_data() {
@@ -194,6 +220,58 @@ private slots:
         delete thread;
         QVERIFY(!other.isEmpty() && other != first);
         QVERIFY(!QSqlDatabase::contains(other));
+    }
+
+    // On the shared pooled connection each caller waits out another terminal's lock for its own
+    // command time-out, not for what the caller that opened the connection asked; 0 waits for ever.
+    void commandTimeoutOfEachCaller_data() {
+        QTest::addColumn<int>("openerTimeout");
+        QTest::addColumn<int>("commandTimeout");
+        QTest::addColumn<int>("lockHeldMs"); // -1: until the statement gives up
+        QTest::addColumn<bool>("succeeds");
+        QTest::newRow("shorter than the opener's") << 5 << 1 << -1 << false;
+        QTest::newRow("longer than the opener's") << 1 << 8 << 2500 << true;
+        QTest::newRow("no limit") << 1 << 0 << 2500 << true;
+    }
+    void commandTimeoutOfEachCaller() {
+        QFETCH(int, openerTimeout);
+        QFETCH(int, commandTimeout);
+        QFETCH(int, lockHeldMs);
+        QFETCH(bool, succeeds);
+        const QString cs = backOfficeDatabase(*env);
+        closePooledDatabases(); // the opener below is the first
+        Connection opener;
+        opener.ConnectionTimeout = openerTimeout;
+        opener.CommandTimeout = openerTimeout;
+        opener.Open(cs);
+        opener.Execute(QStringLiteral("SELECT COUNT(*) FROM PRODUTOS"));
+
+        // Another terminal: a connection of its own (its own thread) holding the write lock.
+        QSemaphore held, release;
+        QThread* terminal = QThread::create([&] {
+            executeStatement(cs, QStringLiteral("BEGIN IMMEDIATE"));
+            held.release();
+            release.tryAcquire(1, lockHeldMs < 0 ? 60000 : lockHeldMs);
+            executeStatement(cs, QStringLiteral("COMMIT"));
+            closePooledDatabases();
+        });
+        terminal->start();
+        QVERIFY(held.tryAcquire(1, 10000));
+
+        Connection mine;
+        mine.CommandTimeout = commandTimeout;
+        mine.Open(cs);
+        QElapsedTimer timer;
+        timer.start();
+        const RuntimeError error =
+            raisedBy([&] { mine.Execute(QStringLiteral("UPDATE PRODUTOS SET PRECO = 1 WHERE CODIGO = 1")); });
+        const qint64 elapsed = timer.elapsed();
+        release.release();
+        QVERIFY(terminal->wait(20000));
+        delete terminal;
+        QCOMPARE(error.Number, succeeds ? 0 : vbErr::QueryTimeout);
+        if (!succeeds)
+            QVERIFY2(elapsed >= 800 && elapsed < 4000, qPrintable(QString::number(elapsed)));
     }
 
     // The error event sees the low word of a provider failure; the control shows the error unless

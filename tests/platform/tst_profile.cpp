@@ -5,6 +5,13 @@
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
+#include <functional>
+
+#ifdef Q_OS_UNIX
+#include <grp.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#endif
 
 namespace {
 void writeBytes(const QString& path, const QByteArray& bytes) {
@@ -16,6 +23,31 @@ void writeBytes(const QString& path, const QByteArray& bytes) {
 QByteArray readBytes(const QString& path) {
     QFile f(path);
     return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
+// Runs the write as a user whom the file modes bind. Root is refused nothing, so a root test
+// writes from a child that has become nobody. -1 when that can't be done here.
+int writeAsUser(const std::function<bool()>& write) {
+#ifndef Q_OS_UNIX
+    Q_UNUSED(write);
+    return -1;
+#else
+    if (::geteuid() != 0)
+        return write() ? 1 : 0;
+    const pid_t child = ::fork();
+    if (child < 0)
+        return -1;
+    if (child == 0) {
+        const uid_t nobody = 65534;
+        if (::setgroups(0, nullptr) != 0 || ::setgid(nobody) != 0 || ::setuid(nobody) != 0)
+            ::_exit(2);
+        ::_exit(write() ? 1 : 0);
+    }
+    int status = 0;
+    if (::waitpid(child, &status, 0) != child || !WIFEXITED(status) || WEXITSTATUS(status) > 1)
+        return -1;
+    return WEXITSTATUS(status);
+#endif
 }
 } // namespace
 
@@ -145,6 +177,44 @@ private slots:
             writeBytes(m_file, before);
         QVERIFY(WritePrivateProfileString(section, key, value, m_file));
         QCOMPARE(readBytes(m_file), after);
+    }
+
+    // The file is rewritten where it is, as the original did: a writable file in a folder the user
+    // can't write takes the value; a read-only one keeps what it had, and the write says so.
+    void writeWhereTheUserMay_data() {
+        QTest::addColumn<int>("folderMode");
+        QTest::addColumn<int>("fileMode");
+        QTest::addColumn<bool>("written");
+        QTest::newRow("writable file, read-only folder") << 0555 << 0666 << true;
+        QTest::newRow("read-only file") << 0777 << 0444 << false;
+    }
+    void writeWhereTheUserMay() {
+        QFETCH(int, folderMode);
+        QFETCH(int, fileMode);
+        QFETCH(bool, written);
+        QTemporaryDir dir; // its own, open to the other user
+        QVERIFY(QFile::setPermissions(dir.path(), QFile::Permissions(0x7555)));
+        const QString folder = dir.filePath(QStringLiteral("atualizador"));
+        QVERIFY(QDir().mkdir(folder));
+        const QString file = folder + QStringLiteral("/atualizador.ini");
+        const QByteArray before("[MODULO]\r\nWHO=\r\nDONE=0\r\nPATH=\r\nVERSION=");
+        writeBytes(file, before);
+        const auto mode = [](int unix) {
+            return QFile::Permissions((unix & 0444 ? 0x4444 : 0) | (unix & 0222 ? 0x2222 : 0) |
+                                      (unix & 0111 ? 0x1111 : 0));
+        };
+        QVERIFY(QFile::setPermissions(file, mode(fileMode)));
+        QVERIFY(QFile::setPermissions(folder, mode(folderMode)));
+        const int result = writeAsUser([&] {
+            return WritePrivateProfileString(QStringLiteral("MODULO"), QStringLiteral("WHO"),
+                                             QStringLiteral("ZARVEL"), file);
+        });
+        QFile::setPermissions(folder, mode(0777));
+        if (result < 0)
+            QSKIP("Needs a user bound by file modes: root here could not become nobody");
+        QCOMPARE(result == 1, written);
+        QCOMPARE(readBytes(file),
+                 written ? QByteArray("[MODULO]\r\nWHO=ZARVEL\r\nDONE=0\r\nPATH=\r\nVERSION=") : before);
     }
 
     void writeIntoMissingFolder() {
