@@ -304,8 +304,7 @@ bool Form::previewKeyPress(QWidget* target, QKeyEvent* event, std::unique_ptr<QK
         Form_KeyPress(keyAscii);
     if (gone() || keyAscii == 0)
         return true;
-    // The focus may have moved: the KeyPress goes to the control that has it now.
-    ctl = controlOf(target);
+    // The character goes where the key went down, even if a handler has moved the focus since.
     if (ctl)
         if (const ControlEvents* e = eventsFor(ctl); e && e->KeyPress)
             e->KeyPress(keyAscii);

@@ -6,7 +6,10 @@
 #include "platform/DataControl.h"
 #include "platform/VbText.h"
 #include "startup/variaveisGlobais.h"
+#include "table/Frm_Mesa.h"
+#include "table/Frm_Produtos.h"
 
+#include <QLineEdit>
 #include <cmath>
 
 namespace {
@@ -90,4 +93,35 @@ qint16 idComandaDaMesa(qint16 mesa) {
 qint16 ultimoItemDaComanda(qint16 idComanda) {
     return primeiroValor(QStringLiteral("SELECT MAX(n_item) FROM Tb_Comandas_Itens WHERE id_comanda = ") +
                          QString::number(idComanda));
+}
+
+bool localizaProduto(QString& texto) {
+    texto = Trim(QString(texto).remove(QLatin1Char('\'')));
+    Frm_Produtos& produtos = Frm_Produtos::instance();
+    DataControl& ado = *produtos.Ado_Produtos;
+    // The picker's grid follows the recordset once the picker shows it.
+    if (texto.isEmpty()) {
+        ado.Refresh();
+        return false;
+    }
+    Recordset& rs = ado.Recordset();
+    if (IsNumeric(texto))
+        rs.setFilter(QStringLiteral("CODIGO = '") + texto + QStringLiteral("'"));
+    else if (buscaInicio)
+        rs.setFilter(QStringLiteral("DESCRICAO LIKE '%") + texto + QStringLiteral("%'"));
+    else
+        rs.setFilter(QStringLiteral("DESCRICAO LIKE '") + texto + QStringLiteral("%'"));
+
+    if (rs.RecordCount() > 0) {
+        if (produtos.isVisible())
+            return false;
+        itemCodigo = CStr(rs.Fields(QStringLiteral("CODIGO")).Value());
+        itemQuantidade = CDbl(Frm_Mesa::instance().Text_Quantidade->text());
+        itemDescricao = CStr(rs.Fields(QStringLiteral("DESCRICAO")).Value()).left(30);
+        itemValorUnitario = CDbl(rs.Fields(QStringLiteral("PRECO")).Value());
+        produtos.Unload();
+        return true;
+    }
+    ado.Refresh();
+    return false;
 }

@@ -28,3 +28,10 @@ qint16 idComandaDaMesa(qint16 mesa);
 
 // The highest item number of a tab, whatever the item's status; 0 when it has none.
 qint16 ultimoItemDaComanda(qint16 idComanda);
+
+// The product search behind a code typed on the table screen and the picker's filter. texto loses
+// its apostrophes and outer blanks in place. With the picker hidden, a match takes the first
+// product into the item globals (quantity from the table screen), unloads the picker and gives
+// true; with it visible the search only moves its filter and selection. No match takes the filter
+// off again.
+bool localizaProduto(QString& texto);

@@ -1,11 +1,18 @@
 #include "startup/variaveisGlobais.h"
 #include "store/Comanda.h"
 #include "support/BancoDeTeste.h"
+#include "support/TelaDaMesa.h"
 #include "support/TestMain.h"
 #include "table/Frm_Mesa.h"
 #include "table/rotinasGerais.h"
 
+#include <QApplication>
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSpinBox>
 #include <QTest>
+#include <QTreeWidget>
 
 class TestMesa : public QObject {
     Q_OBJECT
@@ -43,32 +50,211 @@ private slots:
         QCOMPARE(nomeDoCliente(2), QStringLiteral("JOSÉ SOUZA"));
     }
 
-    // The screen holds the tab in edition (2) and gives it back on Escape: open (1), or in
-    // conference (3) when it is blocked.
-    void frmMesaEscapeDevolve_data() {
-        QTest::addColumn<int>("bloqueada");
-        QTest::addColumn<int>("depois");
-        QTest::newRow("livre") << 0 << 1;
-        QTest::newRow("bloqueada") << 1 << 3;
+    // Escape is "Enviar": the header is saved, the tab released (1, or 3 when blocked), the screen
+    // closed. Every other key of a blocked table that needs it free does nothing.
+    void teclasDaMesa_data() {
+        QTest::addColumn<bool>("bloqueada");
+        QTest::addColumn<int>("tecla");
+        QTest::addColumn<int>("modificadores");
+        QTest::addColumn<bool>("cabecalhoGravado"); // the action ran: it writes the header first
+        QTest::addColumn<int>("statusDepois");
+        const int ctrl = Qt::ControlModifier, teclado = Qt::KeypadModifier;
+        for (int f : {Qt::Key_F1, Qt::Key_F2, Qt::Key_F3, Qt::Key_F4, Qt::Key_F6})
+            QTest::addRow("bloqueada F%d", f - Qt::Key_F1 + 1) << true << f << 0 << false << 3;
+        QTest::newRow("bloqueada F5") << true << int(Qt::Key_F5) << 0 << true << 3;
+        QTest::newRow("bloqueada F7") << true << int(Qt::Key_F7) << 0 << true << 3;
+        QTest::newRow("bloqueada Ctrl S") << true << int(Qt::Key_S) << ctrl << false << 3;
+        QTest::newRow("bloqueada Ctrl +") << true << int(Qt::Key_Plus) << (ctrl | teclado) << false << 3;
+        QTest::newRow("livre F8") << false << int(Qt::Key_F8) << 0 << false << 1;
+        QTest::newRow("livre F4 sem total") << false << int(Qt::Key_F4) << 0 << true << 1;
+        QTest::newRow("livre ESC") << false << int(Qt::Key_Escape) << 0 << true << 1;
     }
-    void frmMesaEscapeDevolve() {
-        QFETCH(int, bloqueada);
-        QFETCH(int, depois);
-        comandaAtual = std::make_unique<Comanda>();
-        comandaAtual->apelido(12);
-        executar(QStringLiteral("UPDATE Tb_Comandas SET status = 3, bloqueada = %1").arg(bloqueada));
-        comandaAtual->carregar();
-        const QString status = QStringLiteral("SELECT status FROM Tb_Comandas WHERE mesa = 12");
-        QVariant durante;
-        onNextModal<Frm_Mesa>([&](Frm_Mesa* f) {
-            durante = consultar(status);
-            QTest::keyClick(f, Qt::Key_Escape);
+    void teclasDaMesa() {
+        QFETCH(bool, bloqueada);
+        QFETCH(int, tecla);
+        QFETCH(int, modificadores);
+        QFETCH(bool, cabecalhoGravado);
+        QFETCH(int, statusDepois);
+        podeAlterarTaxa = true;
+        const int id = abrirComanda(12, 3);
+        executar(QStringLiteral("UPDATE Tb_Comandas SET bloqueada = %1").arg(int(bloqueada)));
+        const QString identificacao =
+            QStringLiteral("SELECT identificacao FROM Tb_Comandas WHERE id_comanda = %1").arg(id);
+        QVariant durante, depoisDaTecla;
+        bool aberta = false;
+        naMesa(12, [&](Frm_Mesa& f) {
+            durante =
+                consultar(QStringLiteral("SELECT status FROM Tb_Comandas WHERE id_comanda = %1").arg(id));
+            f.Text_Identificacao->setText(QStringLiteral("  janela "));
+            QTest::keyClick(&f, Qt::Key(tecla), Qt::KeyboardModifiers(modificadores));
+            depoisDaTecla = consultar(identificacao);
+            aberta = Form::isLoaded<Frm_Mesa>();
+            if (aberta)
+                QCOMPARE(f.Text_Ocupantes->text(), QStringLiteral("1"));
         });
-        Frm_Mesa::instance().ShowModal();
         QCOMPARE(durante.toInt(), 2);
-        QCOMPARE(consultar(status).toInt(), depois);
-        QCOMPARE(comandaAtual->status(), qint16(depois));
-        QVERIFY(!Form::isLoaded<Frm_Mesa>());
+        QCOMPARE(depoisDaTecla.toString(),
+                 cabecalhoGravado ? QStringLiteral("JANELA") : QStringLiteral("MESA: 12"));
+        QCOMPARE(aberta, tecla != Qt::Key_Escape);
+        QCOMPARE(
+            consultar(QStringLiteral("SELECT status FROM Tb_Comandas WHERE id_comanda = %1").arg(id)).toInt(),
+            statusDepois);
+        QVERIFY(boxes().isEmpty());
+    }
+
+    void desbloquearLiberaOsControlesEManteAEdicao() {
+        const int id = abrirComanda(3, 3);
+        executar(QStringLiteral("UPDATE Tb_Comandas SET bloqueada = 1"));
+        naMesa(3, [&](Frm_Mesa& f) {
+            QVERIFY(!f.Text_Codigo->isEnabled());
+            QCOMPARE(f.List_Menu->topLevelItemCount(), 4);
+            QCOMPARE(f.entradaDoMenu(QStringLiteral("Receber"))->toolTip(0), QStringLiteral("Receber - F2"));
+            QTest::keyClick(&f, Qt::Key_F8);
+            QVERIFY(f.Text_Codigo->isEnabled() && f.List_Itens->isEnabled());
+            QCOMPARE(f.List_Menu->topLevelItemCount(), 8);
+            QCOMPARE(f.entradaDoMenu(QStringLiteral("Receber"))->toolTip(0), QStringLiteral("Receber - F5"));
+            QCOMPARE(consultar(QStringLiteral("SELECT status FROM Tb_Comandas")).toInt(), 2);
+            QCOMPARE(consultar(QStringLiteral("SELECT bloqueada FROM Tb_Comandas")).toInt(), 0);
+        });
+        QCOMPARE(
+            consultar(QStringLiteral("SELECT status FROM Tb_Comandas WHERE id_comanda = %1").arg(id)).toInt(),
+            1);
+    }
+
+    void ocupantes_data() {
+        QTest::addColumn<QString>("antes");
+        QTest::addColumn<int>("tecla");
+        QTest::addColumn<int>("modificadores");
+        QTest::addColumn<QString>("depois");
+        const int ctrl = Qt::ControlModifier, teclado = Qt::KeypadModifier;
+        QTest::newRow("menos em 1") << "1" << int(Qt::Key_Minus) << (ctrl | teclado) << "1";
+        QTest::newRow("menos em 3") << "3" << int(Qt::Key_Minus) << (ctrl | teclado) << "2";
+        QTest::newRow("mais passa de 100") << "100" << int(Qt::Key_Plus) << (ctrl | teclado) << "101";
+        QTest::newRow("mais do teclado principal") << "4" << int(Qt::Key_Plus) << ctrl << "4";
+        QTest::newRow("Ctrl Shift mais")
+            << "4" << int(Qt::Key_Plus) << (ctrl | teclado | int(Qt::ShiftModifier)) << "4";
+    }
+    void ocupantes() {
+        QFETCH(QString, antes);
+        QFETCH(int, tecla);
+        QFETCH(int, modificadores);
+        QFETCH(QString, depois);
+        naMesa(5, [&](Frm_Mesa& f) {
+            f.Text_Ocupantes->setText(antes);
+            QTest::keyClick(f.Text_Codigo, Qt::Key(tecla), Qt::KeyboardModifiers(modificadores));
+            QCOMPARE(f.Text_Ocupantes->text(), depois);
+            QCOMPARE(f.UpDown_Ocupantes->value(), std::min(depois.toInt(), 100));
+        });
+        QCOMPARE(consultar(QStringLiteral("SELECT ocupantes FROM Tb_Comandas")).toString(), depois);
+    }
+
+    // The quantity key takes what was typed as the quantity of the next code.
+    void teclaDeQuantidade_data() {
+        QTest::addColumn<QString>("digitado");
+        QTest::addColumn<QString>("quantidade");
+        QTest::addColumn<QString>("restante");
+        const QStringList casos[] = {
+            {"5* e 7*", "5*7x", "7,000", ""}, {"1,5*", "1,5*", "1,500", ""},
+            {"0*", "0*", "1,000", "0"},       {"0,0X", "0,0X", "1,000", "0,0"},
+            {"vazio", "*", "1,000", ""},      {"letras engolidas", "ab2c*", "2,000", ""},
+        };
+        for (const QStringList& c : casos)
+            QTest::newRow(qPrintable(c[0])) << c[1] << c[2] << c[3];
+    }
+    void teclaDeQuantidade() {
+        QFETCH(QString, digitado);
+        QFETCH(QString, quantidade);
+        QFETCH(QString, restante);
+        const bool recusada = quantidade == QLatin1String("1,000");
+        naMesa(5, [&](Frm_Mesa& f) {
+            QTest::keyClicks(f.Text_Codigo, digitado);
+            QCOMPARE(f.Text_Quantidade->text(), quantidade);
+            QCOMPARE(f.Text_Codigo->text(), restante);
+        });
+        QCOMPARE(boxes().size(), int(recusada));
+        if (recusada)
+            QCOMPARE(boxes().first().prompt, QStringLiteral("Quantidade inválida!"));
+    }
+
+    // The field fills from the right: 0,002, 0,025, 0,250, 2,500; emptied it shows 0,000.
+    void quantidadeDaDireita() {
+        naMesa(5, [&](Frm_Mesa& f) {
+            f.Text_Quantidade->setFocus();
+            f.Text_Quantidade->setText(QStringLiteral("0,000"));
+            f.Text_Quantidade->setCursorPosition(5);
+            QTest::keyClicks(f.Text_Quantidade, QStringLiteral("2500"));
+            QCOMPARE(f.Text_Quantidade->text(), QStringLiteral("2,500"));
+            QTest::keyClick(f.Text_Quantidade, Qt::Key_A);
+            QTRY_COMPARE(f.Text_Quantidade->text(), QStringLiteral("2,500"));
+            f.Text_Quantidade->selectAll();
+            QTest::keyClick(f.Text_Quantidade, Qt::Key_Backspace);
+            QTRY_COMPARE(f.Text_Quantidade->text(), QStringLiteral("0,000"));
+        });
+    }
+
+    void digitoNaListaComecaUmCodigo() {
+        naMesa(5, [&](Frm_Mesa& f) {
+            f.Text_Codigo->setText(QStringLiteral("123"));
+            f.List_Itens->setFocus();
+            QTest::keyClick(f.List_Itens, Qt::Key_7, Qt::KeypadModifier);
+            QCOMPARE(f.Text_Codigo->text(), QStringLiteral("7"));
+            QCOMPARE(QApplication::focusWidget(), f.Text_Codigo);
+        });
+    }
+
+    // Without the right the press is refused and the box keeps its state; Ctrl S with it switches
+    // the service and the totals.
+    void servico() {
+        const int id = abrirComanda(6, 1);
+        itemNoBanco(id, 1, 20);
+        taxaServico = 10;
+        naMesa(6, [&](Frm_Mesa& f) {
+            QVERIFY(f.Chk_Servico->font().strikeOut());
+            QCOMPARE(f.Label_Total->text(), QStringLiteral("20,00"));
+            podeAlterarTaxa = false;
+            QTest::mouseClick(f.Chk_Servico, Qt::LeftButton);
+            QVERIFY(!f.Chk_Servico->isChecked());
+            QCOMPARE(boxes().size(), 1);
+            QCOMPARE(boxes().first().prompt, QStringLiteral("Você não pode executar essa ação"));
+            podeAlterarTaxa = true;
+            QTest::keyClick(f.Text_Codigo, Qt::Key_S, Qt::ControlModifier);
+            QVERIFY(f.Chk_Servico->isChecked());
+            QVERIFY(!f.Label_Servico->font().strikeOut());
+            QCOMPARE(f.Label_Servico->text(), QStringLiteral("2,00"));
+            QCOMPARE(f.Label_Total->text(), QStringLiteral("22,00"));
+        });
+        QCOMPARE(consultar(QStringLiteral("SELECT servico FROM Tb_Comandas")).toInt(), 1);
+    }
+
+    void reimpressao_data() {
+        QTest::addColumn<bool>("imprimir");
+        QTest::addColumn<bool>("direito");
+        QTest::addColumn<QString>("mensagem");
+        QTest::newRow("desativada") << false << true
+                                    << "(Re)Impressão de itens desativada pelo administrador";
+        QTest::newRow("sem direito") << true << false << "Você não pode executar esta ação";
+        QTest::newRow("pedida") << true << true << "A reimpressão será realizada ao salvar a mesa!";
+    }
+    void reimpressao() {
+        QFETCH(bool, imprimir);
+        QFETCH(bool, direito);
+        QFETCH(QString, mensagem);
+        const int id = abrirComanda(7, 1);
+        itemNoBanco(id, 1, 20);
+        executar(QStringLiteral("UPDATE Tb_Comandas_Itens SET impresso = 1"));
+        imprimirItens = imprimir;
+        podeReimprimir = direito;
+        naMesa(7, [&](Frm_Mesa& f) {
+            QTreeWidgetItem* linha = f.List_Itens->topLevelItem(0);
+            QCOMPARE(Frm_Mesa::SmallIcon(linha), 1);
+            linha->setSelected(true);
+            QTest::keyClick(f.List_Itens, Qt::Key_F10);
+            QCOMPARE(Frm_Mesa::SmallIcon(linha), imprimir && direito ? 2 : 1);
+        });
+        QCOMPARE(boxes().size(), 1);
+        QCOMPARE(boxes().first().prompt, mensagem);
+        QCOMPARE(consultar(QStringLiteral("SELECT reimpressao FROM Tb_Comandas_Itens")).toInt(),
+                 int(imprimir && direito));
     }
 
 private:

@@ -1,0 +1,179 @@
+#include "items/rotinasItens.h"
+
+#include "platform/Clock.h"
+#include "platform/DataControl.h"
+#include "platform/MsgBox.h"
+#include "platform/RuntimeError.h"
+#include "platform/VbText.h"
+#include "startup/variaveisGlobais.h"
+#include "store/Comanda.h"
+#include "table/Frm_Mesa.h"
+#include "table/rotinasGerais.h"
+
+#include <QTreeWidget>
+
+namespace {
+// Ado_itens of the table screen on the query given; nothing survives the next routine's query.
+Recordset& consultarItens(const QString& sql) {
+    DataControl& ado = *Frm_Mesa::instance().Ado_itens;
+    ado.ConnectionString = conexaoLocal;
+    ado.RecordSource = sql;
+    ado.Refresh();
+    return ado.Recordset();
+}
+
+QString doItem(const QString& idItem) {
+    return QStringLiteral("SELECT * FROM Tb_Comandas_Itens WHERE (id_comanda = ") + CStr(comandaAtual->id()) +
+           QStringLiteral(") AND (id_comanda_item = ") + idItem + QStringLiteral(")");
+}
+
+// The selected row's item; none selected is the original's "object not set".
+Recordset& itemSelecionado() {
+    QTreeWidgetItem* item = Frm_Mesa::instance().SelectedItem();
+    if (!item)
+        raiseError(vbErr::ObjectNotSet);
+    return consultarItens(doItem(Frm_Mesa::Tag(item)));
+}
+
+void totalizarEExibir() {
+    comandaAtual->dataUltimaMovimentacao(agora());
+    comandaAtual->totalizaMesa();
+    Frm_Mesa::instance().exibirTotais();
+}
+
+void esvaziarItem() {
+    itemCodigo.clear();
+    itemDescricao.clear();
+    itemQuantidade = 0;
+    itemValorUnitario = 0;
+    itemValorTotal = 0;
+    itemObservacao.clear();
+    itemId = 0;
+    itemImpresso = false;
+}
+} // namespace
+
+void incluirItem() {
+    itemValorTotal = itemQuantidade * itemValorUnitario;
+    const qint16 id = comandaAtual->id();
+    Recordset& rs = consultarItens(QStringLiteral("SELECT * FROM Tb_Comandas_Itens WHERE (id_comanda = ") +
+                                   CStr(id) + QStringLiteral(") AND (STATUS = 1)"));
+    rs.AddNew();
+    const auto campo = [&rs](const char* nome, const QVariant& valor) {
+        rs.Fields(QLatin1String(nome)).setValue(valor);
+    };
+    campo("id_comanda", id);
+    campo("n_item", rs.RecordCount());
+    campo("codigo", itemCodigo);
+    campo("descricao", UCase(Trim(itemDescricao.left(30))));
+    campo("quantidade", itemQuantidade);
+    campo("valor_unitario", itemValorUnitario);
+    campo("valor_desconto", 0);
+    campo("valor_acrescimo", 0);
+    campo("quem_incluiu", idColaborador);
+    campo("status", 1);
+    campo("data_inclusao", agora());
+    campo("data_exclusao", QVariant());
+    campo("valor_total", itemValorTotal);
+    campo("observacao", itemObservacao);
+    campo("impresso", !imprimirItens);
+    campo("id_comanda_origem", id);
+    rs.Update();
+
+    Frm_Mesa::instance().Ado_itens->Refresh();
+    Recordset& lido = Frm_Mesa::instance().Ado_itens->Recordset();
+    lido.MoveLast();
+    itemId = CInt(lido.Fields(QStringLiteral("id_comanda_item")).Value());
+    const qint16 nItem = CInt(lido.Fields(QStringLiteral("n_item")).Value());
+    adicionarItemLista(nItem);
+
+    totalizarEExibir();
+    esvaziarItem();
+}
+
+void excluirItem(const QVector<qint16>& ids) {
+    try {
+        if (ids.isEmpty())
+            raiseError(vbErr::SubscriptOutOfRange);
+        Frm_Mesa& tela = Frm_Mesa::instance();
+        for (qint16 id : ids) {
+            Recordset& rs = consultarItens(doItem(CStr(id)));
+            rs.Fields(QStringLiteral("status")).setValue(0);
+            rs.Fields(QStringLiteral("data_exclusao")).setValue(agora());
+            rs.Fields(QStringLiteral("quem_excluiu")).setValue(idColaborador);
+            rs.Update();
+            tela.Ado_itens->Refresh();
+            QTreeWidgetItem* linha = tela.FindItem(CStr(id));
+            if (!linha)
+                raiseError(vbErr::ObjectNotSet);
+            delete tela.List_Itens->takeTopLevelItem(tela.List_Itens->indexOfTopLevelItem(linha));
+        }
+        totalizarEExibir();
+    } catch (const RuntimeError& e) {
+        MsgBox(QStringLiteral("excluirItem()\r\n") + describe(e), vbCritical, QStringLiteral("Atenção"));
+    }
+}
+
+void detalharItem() {
+    itemSelecionado();
+    // Frm_Detalhe shows descricao, data_inclusao, nomeDoColaborador(quem_incluiu) and observacao
+    // here, modally, once the detail screen exists.
+}
+
+void abrirObservacao() {
+    itemSelecionado();
+    // Frm_Observacao takes the note here, modally, once the note screen exists.
+}
+
+void adicionarItemLista(qint16 nItem) {
+    Frm_Mesa& tela = Frm_Mesa::instance();
+    auto* linha = new QTreeWidgetItem;
+    linha->setText(0, Format(nItem, QStringLiteral("0000")));
+    linha->setData(0, Qt::UserRole, CStr(itemId));
+    linha->setText(1, Format(itemCodigo, QStringLiteral("00000000000000")));
+    linha->setText(2, UCase(itemDescricao));
+    linha->setText(3, Format(itemValorUnitario, QStringLiteral("#0.00")));
+    linha->setText(4, Format(itemQuantidade, QStringLiteral("#0.000")));
+    linha->setText(5, Format(itemValorTotal, QStringLiteral("#0.00")));
+    for (int coluna = 3; coluna <= 5; ++coluna)
+        linha->setTextAlignment(coluna, Qt::AlignRight | Qt::AlignVCenter);
+    tela.List_Itens->addTopLevelItem(linha);
+    tela.setSmallIcon(linha, !imprimirItens || itemImpresso ? 1 : 2);
+
+    // Only for an item just typed in: the list is filled at load before the screen shows.
+    if (tela.isVisible() && exibirObservacao) {
+        linha->setSelected(true);
+        abrirObservacao();
+    } else {
+        linha->setSelected(false);
+    }
+}
+
+void listarItens() {
+    Recordset& rs =
+        consultarItens(QStringLiteral("SELECT * FROM Tb_Comandas_Itens WHERE (id_comanda = ") +
+                       CStr(comandaAtual->id()) + QStringLiteral(") AND (status = 1) ORDER BY n_item"));
+    Recordset::Field codigo = rs.Fields(QStringLiteral("codigo"));
+    Recordset::Field descricao = rs.Fields(QStringLiteral("descricao"));
+    Recordset::Field quantidade = rs.Fields(QStringLiteral("quantidade"));
+    Recordset::Field unitario = rs.Fields(QStringLiteral("valor_unitario"));
+    Recordset::Field impresso = rs.Fields(QStringLiteral("impresso"));
+    Recordset::Field id = rs.Fields(QStringLiteral("id_comanda_item"));
+    Recordset::Field nItem = rs.Fields(QStringLiteral("n_item"));
+    while (!rs.Eof()) {
+        itemCodigo = CStr(codigo.Value());
+        itemDescricao = CStr(descricao.Value());
+        itemQuantidade = CDbl(quantidade.Value());
+        itemValorUnitario = CDbl(unitario.Value());
+        itemValorTotal = itemValorUnitario * itemQuantidade;
+        itemImpresso = CBool(impresso.Value());
+        itemId = CInt(id.Value());
+        adicionarItemLista(CInt(nItem.Value()));
+        rs.MoveNext();
+    }
+    esvaziarItem();
+}
+
+void transferirItens() {
+    // Frm_Transferir opens here for the selected items (tipo 0) once the transfer screen exists.
+}

@@ -1,0 +1,165 @@
+#include "platform/Connection.h"
+#include "platform/MsgBox.h"
+#include "platform/VbText.h"
+#include "startup/variaveisGlobais.h"
+#include "store/Comanda.h"
+#include "support/BancoDeTeste.h"
+#include "support/TelaDaMesa.h"
+#include "support/TestMain.h"
+#include "table/Frm_Mesa.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QTest>
+#include <QTreeWidget>
+
+namespace {
+QStringList coluna(const Frm_Mesa& f, int c) {
+    QStringList textos;
+    for (int i = 0; i < f.List_Itens->topLevelItemCount(); ++i)
+        textos << f.List_Itens->topLevelItem(i)->text(c);
+    return textos;
+}
+
+void digitar(Frm_Mesa& f, const QString& texto) {
+    f.Text_Codigo->setFocus();
+    QTest::keyClicks(f.Text_Codigo, texto);
+    QTest::keyClick(f.Text_Codigo, Qt::Key_Return);
+}
+} // namespace
+
+class TestItens : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() {
+        m_env = std::make_unique<TestEnvironment>();
+        bancoDeTeste(*m_env);
+        idColaborador = 2;
+        imprimirItens = true;
+    }
+    void cleanup() { m_env.reset(); }
+
+    // A quantity, a code and Enter store the item as the ledger writes it, list it and total it;
+    // the entry is ready for the next item.
+    void incluirPeloTeclado_data() {
+        QTest::addColumn<bool>("imprimir");
+        QTest::newRow("impressão ligada") << true;
+        QTest::newRow("impressão desligada") << false;
+    }
+    void incluirPeloTeclado() {
+        QFETCH(bool, imprimir);
+        imprimirItens = imprimir;
+        executar(QStringLiteral("INSERT INTO PRODUTOS (CODIGO, DESCRICAO, UN, PRECO, DEP) VALUES "
+                                "(77, '  batata rústica com cheddar e bacon extra', 'UN', 0.333, 1)"));
+        executar(QStringLiteral("INSERT INTO TB_ESTOQUE (CODIGO, QD) VALUES (77, 1)"));
+        naMesa(9, [&](Frm_Mesa& f) {
+            digitar(f, QStringLiteral("3*77"));
+            QCOMPARE(f.Text_Quantidade->text(), QStringLiteral("1,000"));
+            QVERIFY(f.Text_Codigo->text().isEmpty());
+            QCOMPARE(coluna(f, 1), QStringList{QStringLiteral("00000000000077")});
+            QCOMPARE(coluna(f, 2), QStringList{QStringLiteral("  BATATA RÚSTICA COM CHEDDAR E")});
+            QCOMPARE(coluna(f, 4), QStringList{QStringLiteral("3,000")});
+            QCOMPARE(coluna(f, 5), QStringList{QStringLiteral("1,00")});
+            QCOMPARE(Frm_Mesa::SmallIcon(f.List_Itens->topLevelItem(0)), imprimir ? 2 : 1);
+            QCOMPARE(f.Label_Total->text(), QStringLiteral("1,00"));
+        });
+        Connection cn;
+        cn.Open(conexaoLocal);
+        Recordset rs = cn.Execute(QStringLiteral("SELECT * FROM Tb_Comandas_Itens"));
+        QCOMPARE(rs.RecordCount(), 1);
+        QCOMPARE(rs.Fields(QStringLiteral("descricao")).Value().toString(),
+                 QStringLiteral("BATATA RÚSTICA COM CHEDDAR E"));
+        QCOMPARE(rs.Fields(QStringLiteral("valor_total")).Value().toDouble(), 3 * 0.333);
+        QCOMPARE(rs.Fields(QStringLiteral("n_item")).Value().toInt(), 1);
+        QCOMPARE(CBool(rs.Fields(QStringLiteral("impresso")).Value()), !imprimir);
+        QCOMPARE(rs.Fields(QStringLiteral("quem_incluiu")).Value().toInt(), 2);
+        QCOMPARE(rs.Fields(QStringLiteral("id_comanda_origem")).Value(),
+                 rs.Fields(QStringLiteral("id_comanda")).Value());
+        QVERIFY(itemCodigo.isEmpty() && itemQuantidade == 0);
+    }
+
+    void produtoNaoLocalizado_data() {
+        QTest::addColumn<QString>("codigo");
+        QTest::newRow("vazio") << "";
+        QTest::newRow("desconhecido") << "999";
+        QTest::newRow("sem estoque") << "10";
+    }
+    void produtoNaoLocalizado() {
+        QFETCH(QString, codigo);
+        naMesa(9, [&](Frm_Mesa& f) {
+            digitar(f, QStringLiteral("2*") + codigo);
+            QCOMPARE(f.Text_Quantidade->text(), QStringLiteral("1,000"));
+            QVERIFY(f.Text_Codigo->text().isEmpty());
+            QCOMPARE(f.List_Itens->topLevelItemCount(), 0);
+        });
+        QCOMPARE(boxes().size(), 1);
+        QCOMPARE(boxes().first().prompt, QStringLiteral("Produto não localizado"));
+    }
+
+    // Numbers count the live items, so they repeat after an exclusion: 1, 3, 3.
+    void excluirENumerar() {
+        podeExcluir = true;
+        naMesa(4, [&](Frm_Mesa& f) {
+            for (const char* codigo : {"1", "2", "3"})
+                digitar(f, QLatin1String(codigo));
+            f.List_Itens->topLevelItem(1)->setSelected(true);
+            f.List_Itens->setFocus();
+            QTest::keyClick(f.List_Itens, Qt::Key_Delete);
+            QCOMPARE(coluna(f, 0), (QStringList{QStringLiteral("0001"), QStringLiteral("0003")}));
+            QCOMPARE(f.Label_Total->text(), QStringLiteral("44,40"));
+            digitar(f, QStringLiteral("2"));
+            QCOMPARE(coluna(f, 0),
+                     (QStringList{QStringLiteral("0001"), QStringLiteral("0003"), QStringLiteral("0003")}));
+        });
+        QCOMPARE(boxes().first().prompt, QStringLiteral("Deseja realmente excluir os itens selecionados?"));
+        QCOMPARE(boxes().first().style, vbYesNo | vbQuestion | vbDefaultButton2);
+        QCOMPARE(consultar(QStringLiteral("SELECT COUNT(*) FROM Tb_Comandas_Itens WHERE status = 0 AND "
+                                          "quem_excluiu = 2 AND data_exclusao IS NOT NULL"))
+                     .toInt(),
+                 1);
+        QCOMPARE(consultar(QStringLiteral("SELECT valor_total FROM Tb_Comandas")).toDouble(), 51.4);
+    }
+
+    void exclusaoRecusada_data() {
+        QTest::addColumn<bool>("direito");
+        QTest::addColumn<bool>("selecionado");
+        QTest::addColumn<QString>("mensagem");
+        QTest::newRow("sem direito") << false << true << "Você não pode executar essa ação";
+        QTest::newRow("nada selecionado") << true << false << "Não há itens selecionados!";
+    }
+    void exclusaoRecusada() {
+        QFETCH(bool, direito);
+        QFETCH(bool, selecionado);
+        QFETCH(QString, mensagem);
+        podeExcluir = direito;
+        itemNoBanco(abrirComanda(4, 1), 1, 10);
+        naMesa(4, [&](Frm_Mesa& f) {
+            f.List_Itens->topLevelItem(0)->setSelected(selecionado);
+            f.mnu_mesa_excluir_Click();
+            QCOMPARE(f.List_Itens->topLevelItemCount(), 1);
+        });
+        QCOMPARE(boxes().size(), 1);
+        QCOMPARE(boxes().first().prompt, mensagem);
+        QCOMPARE(consultar(QStringLiteral("SELECT status FROM Tb_Comandas_Itens")).toInt(), 1);
+    }
+
+    // The list prices each item as unit price times quantity, whatever total was stored.
+    void listarPeloPrecoVezesQuantidade() {
+        const int id = abrirComanda(8, 1);
+        itemNoBanco(id, 2, 10);
+        itemNoBanco(id, 1, 5);
+        itemNoBanco(id, 3, 99, 0);
+        executar(QStringLiteral("UPDATE Tb_Comandas_Itens SET quantidade = 2, valor_total = 1"));
+        naMesa(8, [&](Frm_Mesa& f) {
+            QCOMPARE(coluna(f, 0), (QStringList{QStringLiteral("0001"), QStringLiteral("0002")}));
+            QCOMPARE(coluna(f, 5), (QStringList{QStringLiteral("10,00"), QStringLiteral("20,00")}));
+        });
+    }
+
+private:
+    std::unique_ptr<TestEnvironment> m_env;
+};
+
+ZARVEL_TEST(TestItens)
+#include "tst_itens.moc"
