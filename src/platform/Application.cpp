@@ -5,6 +5,7 @@
 #include "platform/Process.h"
 #include "platform/RuntimeError.h"
 
+#include <QFont>
 #include <QKeyEvent>
 #include <QLocale>
 #include <QMouseEvent>
@@ -14,8 +15,16 @@ void pinLocale() {
     QLocale::setDefault(QLocale(QLocale::Portuguese, QLocale::Brazil));
 }
 
+// The screens are drawn in Segoe UI, which Linux doesn't have; its default fallback is a good deal
+// wider and no longer fits the design's boxes. Liberation Sans keeps Arial's metrics, close to it.
+void pinFonts() {
+    for (const QString& family : {QStringLiteral("Segoe UI"), QStringLiteral("Segoe UI Semibold")})
+        QFont::insertSubstitutions(family, {QStringLiteral("Liberation Sans"), QStringLiteral("Arial")});
+}
+
 Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
     pinLocale();
+    pinFonts();
     setApplicationName(programTitle());
     setQuitOnLastWindowClosed(false); // the screens decide when the program ends (see Form)
 }

@@ -22,3 +22,6 @@ void reportUnhandledError(const RuntimeError& error);
 
 // Brazilian Portuguese for every number and date the program shows.
 void pinLocale();
+
+// Segoe UI, the screens' font, mapped to a metric neighbour where the system has none.
+void pinFonts();

@@ -8,7 +8,6 @@
 #include "store/Comanda.h"
 #include "table/rotinasGerais.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -19,7 +18,6 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QScreen>
 #include <QSpinBox>
 #include <QStyle>
 #include <QTreeWidget>
@@ -255,10 +253,9 @@ Frm_Mesa::Frm_Mesa() {
     tela->addLayout(topo);
     tela->addLayout(meio, 1);
 
-    // Fixed design size, centred: there is no title bar to move it by.
-    resize(1000, 680);
-    if (QScreen* s = QApplication::primaryScreen())
-        move(s->availableGeometry().center() - rect().center());
+    // The whole working area, as the map: there is no title bar to move or size it by.
+    resize(1024, 720);
+    setWindowState(Qt::WindowMaximized);
 
     // Tab order: code, quantity, identification, occupants, ..., the service box last.
     setTabOrder(Text_Codigo, Text_Quantidade);
