@@ -370,7 +370,7 @@ bool Form::mousePressed(QWidget* target, QMouseEvent* event) {
         return false;
     }
     QPointer<Form> self(this);
-    const QPointF p = ctl->mapFrom(target, event->position());
+    const QPointF p = target->mapTo(ctl, event->position());
     const int boxesBefore = msgBoxCount();
     e->MouseDown(button, vbShift(event), p.x() * twipsPerPixelX(), p.y() * twipsPerPixelY());
     return !self || m_unloaded || msgBoxCount() != boxesBefore;

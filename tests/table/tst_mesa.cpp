@@ -10,6 +10,7 @@
 #include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QSpinBox>
 #include <QTest>
 #include <QTreeWidget>
@@ -255,6 +256,23 @@ private slots:
         QCOMPARE(boxes().first().prompt, mensagem);
         QCOMPARE(consultar(QStringLiteral("SELECT reimpressao FROM Tb_Comandas_Itens")).toInt(),
                  int(imprimir && direito));
+    }
+
+    // The right button on a row selects it and opens the item menu there; on an empty list nothing.
+    void menuDoItem() {
+        itemNoBanco(abrirComanda(7, 1), 1, 20);
+        naMesa(7, [&](Frm_Mesa& f) {
+            QWidget* linhas = f.List_Itens->viewport();
+            const QPoint ponto = f.List_Itens->visualItemRect(f.List_Itens->topLevelItem(0)).center();
+            QTest::mouseClick(linhas, Qt::RightButton, {}, ponto);
+            QVERIFY(f.List_Itens->topLevelItem(0)->isSelected());
+            QTRY_COMPARE(QApplication::activePopupWidget(), f.mnu_mesa);
+            f.mnu_mesa->close();
+            f.List_Itens->clear();
+            QTest::mouseClick(linhas, Qt::RightButton, {}, ponto);
+            QVERIFY(!QApplication::activePopupWidget());
+        });
+        QVERIFY(boxes().isEmpty());
     }
 
 private:
