@@ -9,7 +9,7 @@
 #include "platform/Version.h"
 #include "startup/atualizador.h"
 #include "startup/atualizarBanco.h"
-#include "startup/rotinasGerais.h"
+#include "startup/rotinasInicializacao.h"
 #include "startup/variaveisGlobais.h"
 
 #include <QApplication>

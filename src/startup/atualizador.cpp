@@ -6,7 +6,7 @@
 #include "platform/VbText.h"
 #include "platform/Windows1252.h"
 #include "startup/ExecCmd.h"
-#include "startup/rotinasGerais.h"
+#include "startup/rotinasInicializacao.h"
 
 #include <QDir>
 #include <QFile>

@@ -4,7 +4,7 @@
 #include "platform/MsgBox.h"
 #include "platform/Printers.h"
 #include "platform/RuntimeError.h"
-#include "startup/rotinasGerais.h"
+#include "startup/rotinasInicializacao.h"
 #include "startup/variaveisGlobais.h"
 #include "store/tabelas.h"
 

@@ -1,4 +1,4 @@
-#include "startup/rotinasGerais.h"
+#include "startup/rotinasInicializacao.h"
 #include "startup/variaveisGlobais.h"
 #include "support/BancoDeTeste.h"
 #include "support/Caixas.h"

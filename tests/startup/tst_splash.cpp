@@ -6,7 +6,7 @@
 #include "platform/SingleInstance.h"
 #include "startup/Frm_Splash.h"
 #include "startup/atualizador.h"
-#include "startup/rotinasGerais.h"
+#include "startup/rotinasInicializacao.h"
 #include "support/BancoDeTeste.h"
 #include "support/Caixas.h"
 #include "support/TestDatabase.h"

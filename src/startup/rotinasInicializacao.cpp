@@ -1,4 +1,4 @@
-#include "startup/rotinasGerais.h"
+#include "startup/rotinasInicializacao.h"
 
 #include "platform/Clock.h"
 #include "platform/DataControl.h"
