@@ -1,3 +1,4 @@
+#include "items/rotinasItens.h"
 #include "platform/Connection.h"
 #include "platform/MsgBox.h"
 #include "platform/VbText.h"
@@ -142,6 +143,26 @@ private slots:
         QCOMPARE(boxes().size(), 1);
         QCOMPARE(boxes().first().prompt, mensagem);
         QCOMPARE(consultar(QStringLiteral("SELECT status FROM Tb_Comandas_Itens")).toInt(), 1);
+    }
+
+    // A failure stops the routine with its message; the ids before it stay excluded and off the list.
+    void falhaNaExclusao() {
+        const int id = abrirComanda(4, 1);
+        itemNoBanco(id, 1, 10);
+        itemNoBanco(id, 2, 20);
+        naMesa(4, [&](Frm_Mesa& f) {
+            const qint16 primeiro = CInt(Frm_Mesa::Tag(f.List_Itens->topLevelItem(0)));
+            excluirItem({primeiro, 9999});
+            QCOMPARE(f.List_Itens->topLevelItemCount(), 1);
+            QCOMPARE(f.Label_Total->text(), QStringLiteral("30,00")); // not refreshed after a failure
+            excluirItem({});
+        });
+        QCOMPARE(boxes().size(), 2);
+        QVERIFY(boxes().at(0).prompt.startsWith(QStringLiteral("excluirItem()\r\n")));
+        QCOMPARE(boxes().at(0).style, int(vbCritical));
+        QCOMPARE(boxes().at(1).prompt, QStringLiteral("excluirItem()\r\nSubscript out of range : 9"));
+        QCOMPARE(consultar(QStringLiteral("SELECT COUNT(*) FROM Tb_Comandas_Itens WHERE status = 0")).toInt(),
+                 1);
     }
 
     // The list prices each item as unit price times quantity, whatever total was stored.

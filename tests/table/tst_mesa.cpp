@@ -193,8 +193,12 @@ private slots:
         });
     }
 
-    void digitoNaListaComecaUmCodigo() {
+    // A digit on the list starts a new code; the identification is upper case as typed.
+    void teclasDosCampos() {
         naMesa(5, [&](Frm_Mesa& f) {
+            f.Text_Identificacao->clear();
+            QTest::keyClicks(f.Text_Identificacao, QStringLiteral("varanda b"));
+            QCOMPARE(f.Text_Identificacao->text(), QStringLiteral("VARANDA B"));
             f.Text_Codigo->setText(QStringLiteral("123"));
             f.List_Itens->setFocus();
             QTest::keyClick(f.List_Itens, Qt::Key_7, Qt::KeypadModifier);
