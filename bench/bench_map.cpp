@@ -1,5 +1,6 @@
 // One tick of the map (mesasRefresh) with 30 tables open among many closed tabs, against the bare
 // query it runs, on SQLite.
+#include "BenchMain.h"
 #include "map/Frm_Principal.h"
 #include "platform/Application.h"
 #include "platform/Clock.h"
@@ -141,12 +142,5 @@ BENCHMARK(BM_consultaNaCamadaDeDados)->ArgsProduct({kFechadas})->Unit(benchmark:
 BENCHMARK(BM_tick)->ArgsProduct({kFechadas, {0, 1}})->Unit(benchmark::kMicrosecond);
 
 int main(int argc, char** argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    Application app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    Form::unloadAll();
-    return 0;
+    return rodarBenchmarks(argc, argv);
 }

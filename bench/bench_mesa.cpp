@@ -3,6 +3,7 @@
 // shown) against the same statements run bare through QtSql; and the time from the map's
 // card_Click to the table screen ready for a code. On an empty tab and on a tab of 200 items.
 // MOSTRAR_SQL=1 prints what one Enter sends, which the bare run repeats.
+#include "BenchMain.h"
 #include "backoffice/BackOffice.h"
 #include "backoffice/Demo.h"
 #include "map/Frm_Principal.h"
@@ -239,12 +240,5 @@ BENCHMARK(BM_enterNoCodigo)->Arg(0)->Arg(200)->Unit(benchmark::kMicrosecond);
 BENCHMARK(BM_abrirMesa)->Arg(0)->Arg(200)->Unit(benchmark::kMicrosecond);
 
 int main(int argc, char** argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    Application app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    Form::unloadAll();
-    return 0;
+    return rodarBenchmarks(argc, argv);
 }
