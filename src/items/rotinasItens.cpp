@@ -7,9 +7,13 @@
 #include "platform/VbText.h"
 #include "startup/variaveisGlobais.h"
 #include "store/Comanda.h"
+#include "table/Frm_Detalhe.h"
 #include "table/Frm_Mesa.h"
+#include "table/Frm_Observacao.h"
 #include "table/rotinasGerais.h"
 
+#include <QLabel>
+#include <QPlainTextEdit>
 #include <QTreeWidget>
 
 namespace {
@@ -115,14 +119,25 @@ void excluirItem(const QVector<qint16>& ids) {
 }
 
 void detalharItem() {
-    itemSelecionado();
-    // Frm_Detalhe shows descricao, data_inclusao, nomeDoColaborador(quem_incluiu) and observacao
-    // here, modally, once the detail screen exists.
+    Recordset& rs = itemSelecionado();
+    Frm_Detalhe& tela = Frm_Detalhe::instance();
+    tela.Label_Item_Descricao->setText(CStr(rs.Fields(QStringLiteral("descricao")).Value()));
+    tela.Label_Inclusao_Data->setText(CStr(rs.Fields(QStringLiteral("data_inclusao")).Value()));
+    tela.Label_Garcom_Nome->setText(
+        nomeDoColaborador(CInt(rs.Fields(QStringLiteral("quem_incluiu")).Value())));
+    const QVariant observacao = rs.Fields(QStringLiteral("observacao")).Value();
+    tela.Label_Observacao_Descricao->setText(IsNull(observacao) ? QString() : CStr(observacao));
+    tela.ShowModal();
 }
 
 void abrirObservacao() {
-    itemSelecionado();
-    // Frm_Observacao takes the note here, modally, once the note screen exists.
+    Recordset& rs = itemSelecionado();
+    Frm_Observacao& tela = Frm_Observacao::instance();
+    tela.Label_Descricao_Item->setText(CStr(rs.Fields(QStringLiteral("descricao")).Value()));
+    const QVariant observacao = rs.Fields(QStringLiteral("observacao")).Value();
+    tela.Text_Observacao->setPlainText(IsNull(observacao) ? QString() : CStr(observacao));
+    tela.Text_Observacao->moveCursor(QTextCursor::End);
+    tela.ShowModal();
 }
 
 void adicionarItemLista(qint16 nItem) {

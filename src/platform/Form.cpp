@@ -3,6 +3,7 @@
 #include "platform/MsgBox.h"
 #include "platform/Twips.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QEventLoop>
@@ -294,6 +295,11 @@ bool Form::previewKeyPress(QWidget* target, QKeyEvent* event, std::unique_ptr<QK
                 e->KeyDown(keyCode, shift);
         if (gone())
             return true;
+        QAbstractButton* botao = keyCode == 27 ? CancelButton : keyCode == 13 ? DefaultButton : nullptr;
+        if (botao && botao->isEnabled()) {
+            botao->click();
+            return true;
+        }
     }
 
     const int original = vbKeyAscii(event);

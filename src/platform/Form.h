@@ -55,6 +55,9 @@ public:
     bool isUnloaded() const { return m_unloaded; }
 
     bool KeyPreview = false;
+    // The buttons that Escape and Enter press, when the screen's handlers let the key through.
+    class QAbstractButton* CancelButton = nullptr;
+    class QAbstractButton* DefaultButton = nullptr;
 
     // The screen shown or returned to last.
     static Form* activeForm();

@@ -7,10 +7,13 @@
 #include "support/BancoDeTeste.h"
 #include "support/TelaDaMesa.h"
 #include "support/TestMain.h"
+#include "table/Frm_Detalhe.h"
 #include "table/Frm_Mesa.h"
+#include "table/Frm_Observacao.h"
 
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QTest>
 #include <QTreeWidget>
 
@@ -163,6 +166,59 @@ private slots:
         QCOMPARE(boxes().at(1).prompt, QStringLiteral("excluirItem()\r\nSubscript out of range : 9"));
         QCOMPARE(consultar(QStringLiteral("SELECT COUNT(*) FROM Tb_Comandas_Itens WHERE status = 0")).toInt(),
                  1);
+    }
+
+    // With the prompt on, a new item stops at the note: F1 saves it in upper case, ESC keeps the old
+    // one; a printed item stays printed; the detail shows the note with who added the item, and when.
+    void observacao_data() {
+        QTest::addColumn<int>("tecla");
+        QTest::addColumn<QString>("gravada");
+        QTest::newRow("F1 grava") << int(Qt::Key_F1) << "SEM CEBOLA";
+        QTest::newRow("ESC não grava") << int(Qt::Key_Escape) << "";
+    }
+    void observacao() {
+        QFETCH(int, tecla);
+        QFETCH(QString, gravada);
+        imprimirItens = false; // printed as it is stored
+        exibirObservacao = true;
+        QString detalhe;
+        naMesa(3, [&](Frm_Mesa& f) {
+            onNextModal<Frm_Observacao>([&](Frm_Observacao* o) {
+                QCOMPARE(o->Label_Descricao_Item->text(), QStringLiteral("X-SALADA"));
+                QTest::keyClicks(o->Text_Observacao, QStringLiteral("sem cebola"));
+                QTest::keyClick(o, Qt::Key(tecla));
+            });
+            digitar(f, QStringLiteral("1"));
+            QVERIFY(!Form::isLoaded<Frm_Observacao>());
+            QVERIFY(f.List_Itens->topLevelItem(0)->isSelected());
+            onNextModal<Frm_Detalhe>([&](Frm_Detalhe* d) {
+                detalhe = QStringList{d->Label_Item_Descricao->text(), d->Label_Inclusao_Data->text(),
+                                      d->Label_Garcom_Nome->text(), d->Label_Observacao_Descricao->text()}
+                              .join(QLatin1Char('|'));
+                QTest::keyClick(d, Qt::Key_Return);
+            });
+            QTest::keyClick(f.List_Itens, Qt::Key_F8);
+        });
+        QCOMPARE(detalhe, QStringLiteral("X-SALADA|05/03/2024 12:00:00|BRUNO|") + gravada);
+        QCOMPARE(consultar(QStringLiteral("SELECT observacao FROM Tb_Comandas_Itens")).toString(), gravada);
+        QCOMPARE(consultar(QStringLiteral("SELECT impresso FROM Tb_Comandas_Itens")).toInt(), 1);
+    }
+
+    void observacaoDe255() {
+        itemNoBanco(abrirComanda(3, 1), 1, 10);
+        naMesa(3, [&](Frm_Mesa& f) {
+            f.List_Itens->topLevelItem(0)->setSelected(true);
+            onNextModal<Frm_Observacao>([&](Frm_Observacao* o) {
+                QVERIFY(o->Text_Observacao->toPlainText().isEmpty()); // Null in the store
+                o->Text_Observacao->setPlainText(QString(254, QLatin1Char('A')));
+                o->Text_Observacao->moveCursor(QTextCursor::End);
+                QTest::keyClicks(o->Text_Observacao, QStringLiteral("bc"));
+                QTest::keyClick(o, Qt::Key_F1);
+            });
+            QTest::keyClick(f.List_Itens, Qt::Key_F9);
+        });
+        QCOMPARE(consultar(QStringLiteral("SELECT observacao FROM Tb_Comandas_Itens")).toString(),
+                 QString(254, QLatin1Char('A')) + QLatin1Char('B'));
     }
 
     // The list prices each item as unit price times quantity, whatever total was stored.

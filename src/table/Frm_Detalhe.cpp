@@ -1,0 +1,55 @@
+#include "table/Frm_Detalhe.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
+
+namespace {
+QLabel* rotulo(QWidget* tela, const char* nome, const QString& texto = QString()) {
+    auto* l = new QLabel(texto, tela);
+    l->setObjectName(QLatin1String(nome));
+    return l;
+}
+} // namespace
+
+Frm_Detalhe::Frm_Detalhe() {
+    setObjectName(QStringLiteral("Frm_Detalhe"));
+    setWindowTitle(QStringLiteral("Detalhes do item"));
+    Label_Item = rotulo(this, "Label_Item", QStringLiteral("Item"));
+    Label_Item_Descricao = rotulo(this, "Label_Item_Descricao");
+    Label_Inclusao = rotulo(this, "Label_Inclusao", QStringLiteral("Incluido em"));
+    Label_Inclusao_Data = rotulo(this, "Label_Inclusao_Data");
+    Label_Garcom = rotulo(this, "Label_Garcom", QStringLiteral("Incluido por"));
+    Label_Garcom_Nome = rotulo(this, "Label_Garcom_Nome");
+    Label_Observacao = rotulo(this, "Label_Observacao", QStringLiteral("Observações"));
+    Label_Observacao_Descricao = rotulo(this, "Label_Observacao_Descricao");
+    Label_Observacao_Descricao->setWordWrap(true);
+    Label_Observacao_Descricao->setMinimumHeight(60);
+    Label_Observacao_Descricao->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    Cmd_Sair = new QPushButton(QStringLiteral("&Sair (ESC)"), this);
+    Cmd_Sair->setObjectName(QStringLiteral("Cmd_Sair"));
+    Cmd_Sair->setToolTip(QStringLiteral("Gravar alterações"));
+    DefaultButton = Cmd_Sair;
+    CancelButton = Cmd_Sair;
+    connect(Cmd_Sair, &QPushButton::clicked, this, &Frm_Detalhe::Cmd_Sair_Click);
+
+    auto* grade = new QGridLayout(this);
+    int linha = 0;
+    for (auto [legenda, valor] : {std::pair{Label_Item, Label_Item_Descricao},
+                                  {Label_Inclusao, Label_Inclusao_Data},
+                                  {Label_Garcom, Label_Garcom_Nome},
+                                  {Label_Observacao, Label_Observacao_Descricao}}) {
+        QFont negrito = legenda->font();
+        negrito.setBold(true);
+        legenda->setFont(negrito);
+        grade->addWidget(legenda, linha, 0, Qt::AlignTop);
+        grade->addWidget(valor, linha++, 1);
+    }
+    grade->addWidget(Cmd_Sair, linha, 1, Qt::AlignRight);
+    grade->setColumnStretch(1, 1);
+    resize(460, 240);
+}
+
+void Frm_Detalhe::Cmd_Sair_Click() {
+    Unload();
+}
