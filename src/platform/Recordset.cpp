@@ -324,6 +324,22 @@ QVariant Recordset::Bookmark() const {
     return data.view[data.position];
 }
 
+int Recordset::AbsolutePosition() const {
+    const Data& data = open();
+    return hasCurrent(data) ? data.position + 1 : 0;
+}
+
+void Recordset::setAbsolutePosition(int position) {
+    if (position < 1 || position > open().view.size())
+        raiseError(vbErr::InvalidCall);
+    moveTo(position - 1);
+}
+
+QVariant Recordset::valueAt(int position, int column) const {
+    const Data& data = open();
+    return data.rows.at(data.view.at(position - 1)).values.at(column);
+}
+
 void Recordset::setBookmark(const QVariant& bookmark) {
     Data& data = open();
     bool ok = false;

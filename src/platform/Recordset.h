@@ -68,6 +68,13 @@ public:
     QVariant Bookmark() const;
     void setBookmark(const QVariant& bookmark);
 
+    // The place of the current row among the visible ones, 1 for the first; 0 with none (BOF, EOF).
+    // Setting it moves there, as a grid's click does.
+    int AbsolutePosition() const;
+    void setAbsolutePosition(int position);
+    // A value of the visible row at position (1 for the first), without moving: what a grid shows.
+    QVariant valueAt(int position, int column) const;
+
     void AddNew();
     void Update();
     void Close();

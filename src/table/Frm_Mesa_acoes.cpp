@@ -12,6 +12,8 @@
 #include "printing/rotinasImpressao.h"
 #include "startup/variaveisGlobais.h"
 #include "store/Comanda.h"
+#include "table/Frm_Clientes.h"
+#include "table/Frm_Produtos.h"
 #include "table/rotinasGerais.h"
 
 #include <QApplication>
@@ -85,11 +87,10 @@ void Frm_Mesa::List_Menu_ItemClick(QTreeWidgetItem* Item) {
 
     const QString chave = Item->data(0, Qt::UserRole).toString();
     if (chave == QLatin1String("Produtos")) {
-        // Frm_Produtos is shown modally here once the picker has its grid; the search behind the
-        // code already runs on its recordset.
+        Frm_Produtos::instance().ShowModal();
         Text_Codigo->setFocus();
     } else if (chave == QLatin1String("Clientes")) {
-        // Frm_Clientes is shown modally here once the customer picker exists.
+        Frm_Clientes::instance().ShowModal();
         Text_Codigo->setFocus();
     } else if (chave == QLatin1String("Transferir")) {
         transferirItens();

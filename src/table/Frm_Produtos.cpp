@@ -1,20 +1,56 @@
 #include "table/Frm_Produtos.h"
 
+#include "items/rotinasItens.h"
 #include "platform/DataControl.h"
+#include "platform/VbText.h"
 #include "startup/variaveisGlobais.h"
+#include "table/Frm_Mesa.h"
+#include "table/rotinasGerais.h"
 
-Frm_Produtos::Frm_Produtos() {
-    setObjectName(QStringLiteral("Frm_Produtos"));
-    setWindowTitle(QStringLiteral("Consulta de Produtos"));
-    KeyPreview = true;
-    Ado_Produtos = new DataControl(QStringLiteral("Ado_Produtos"), this);
+#include <QHeaderView>
+#include <QLineEdit>
+
+Frm_Produtos::Frm_Produtos()
+    : Frm_Consulta(
+          "Frm_Produtos", QStringLiteral("Consulta de Produtos"), QStringLiteral("Código ou Descrição"),
+          "Dtg_Produtos", "Ado_Produtos",
+          QStringLiteral("SELECT P.CODIGO, P.DESCRICAO, E.QD, P.UN, P.PRECO FROM PRODUTOS P INNER JOIN "
+                         "TB_ESTOQUE E ON E.CODIGO = P.CODIGO"),
+          {{QStringLiteral("CÓDIGO"), QStringLiteral("CODIGO"), QStringLiteral("#0000000000000")},
+           {QStringLiteral("DESCRIÇÃO"), QStringLiteral("DESCRICAO"), QString()},
+           {QStringLiteral("UN"), QStringLiteral("UN"), QString()},
+           {QStringLiteral("VALOR UNITÁRIO"), QStringLiteral("PRECO"), QStringLiteral("\"R$\" #.##0,00")}}) {
+    Dtg_Produtos = m_grade;
+    Ado_Produtos = m_ado;
+    Dtg_Produtos->horizontalHeader()->resizeSection(0, 130);
+    Dtg_Produtos->horizontalHeader()->resizeSection(1, 360);
+    Dtg_Produtos->horizontalHeader()->resizeSection(2, 50);
+    // A click on a column head reads it and does nothing: the rows are not sorted.
+    onKeyPress(Text_filtro, &Frm_Produtos::Text_filtro_KeyPress);
+    connect(Text_filtro, &QLineEdit::textChanged, this, &Frm_Produtos::Text_filtro_Change);
 }
 
-// The whole list stays on the client: typing in a filter makes no round trip.
-void Frm_Produtos::Form_Load() {
-    Ado_Produtos->ConnectionString = conexaoLocal;
-    Ado_Produtos->RecordSource =
-        QStringLiteral("SELECT P.CODIGO, P.DESCRICAO, E.QD, P.UN, P.PRECO FROM PRODUTOS P "
-                       "INNER JOIN TB_ESTOQUE E ON E.CODIGO = P.CODIGO");
-    Ado_Produtos->Refresh();
+void Frm_Produtos::Text_filtro_KeyPress(int& KeyAscii) {
+    KeyAscii = UCase(QString(QChar(KeyAscii))).at(0).unicode();
+}
+
+// The search with the picker visible only moves the filter and the selection.
+void Frm_Produtos::Text_filtro_Change() {
+    QString texto = Text_filtro->text();
+    localizaProduto(texto);
+}
+
+void Frm_Produtos::Cmd_confirmar_Click() {
+    Recordset& rs = Ado_Produtos->Recordset();
+    if (rs.RecordCount() == 0)
+        return;
+    Frm_Mesa& mesa = Frm_Mesa::instance();
+    itemCodigo = CStr(rs.Fields(QStringLiteral("CODIGO")).Value());
+    itemQuantidade = CDbl(mesa.Text_Quantidade->text());
+    itemDescricao = CStr(rs.Fields(QStringLiteral("DESCRICAO")).Value()).left(30);
+    itemValorUnitario = CDbl(rs.Fields(QStringLiteral("PRECO")).Value());
+    incluirItem();
+    mesa.Text_Quantidade->setText(QStringLiteral("1,000"));
+    mesa.Text_Codigo->clear();
+    Unload();
 }

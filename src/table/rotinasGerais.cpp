@@ -99,9 +99,10 @@ bool localizaProduto(QString& texto) {
     texto = Trim(QString(texto).remove(QLatin1Char('\'')));
     Frm_Produtos& produtos = Frm_Produtos::instance();
     DataControl& ado = *produtos.Ado_Produtos;
-    // The picker's grid follows the recordset once the picker shows it.
     if (texto.isEmpty()) {
         ado.Refresh();
+        if (produtos.isVisible())
+            produtos.Dtg_Produtos->setDataSource(ado.Recordset());
         return false;
     }
     Recordset& rs = ado.Recordset();
@@ -113,8 +114,12 @@ bool localizaProduto(QString& texto) {
         rs.setFilter(QStringLiteral("DESCRICAO LIKE '") + texto + QStringLiteral("%'"));
 
     if (rs.RecordCount() > 0) {
-        if (produtos.isVisible())
+        if (produtos.isVisible()) {
+            produtos.Dtg_Produtos->setDataSource(rs);
+            produtos.Dtg_Produtos->removeSelBookmark();
+            produtos.Dtg_Produtos->addCurrentBookmark();
             return false;
+        }
         itemCodigo = CStr(rs.Fields(QStringLiteral("CODIGO")).Value());
         itemQuantidade = CDbl(Frm_Mesa::instance().Text_Quantidade->text());
         itemDescricao = CStr(rs.Fields(QStringLiteral("DESCRICAO")).Value()).left(30);
@@ -122,6 +127,8 @@ bool localizaProduto(QString& texto) {
         produtos.Unload();
         return true;
     }
+    // No match: the whole list again, hidden or not.
     ado.Refresh();
+    produtos.Dtg_Produtos->setDataSource(ado.Recordset());
     return false;
 }

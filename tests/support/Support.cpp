@@ -101,7 +101,10 @@ void onNextModalWidget(std::function<bool(QWidget*)> match, std::function<void(Q
     auto deadline = std::make_shared<QDeadlineTimer>(10000);
     QObject::connect(timer, &QTimer::timeout, timer, [timer, match, action, deadline] {
         QWidget* modal = QApplication::activeModalWidget();
-        if (!modal || !modal->isVisible() || !match(modal)) {
+        // Keys go to the active window: wait for the screen to be it, as a user would.
+        if (modal && modal->isVisible() && match(modal) && !modal->isActiveWindow())
+            modal->activateWindow();
+        if (!modal || !modal->isVisible() || !match(modal) || !modal->isActiveWindow()) {
             if (deadline->hasExpired()) {
                 qWarning("onNextModal: the expected modal screen never came up");
                 timer->stop();

@@ -1,0 +1,103 @@
+#include "platform/DataGrid.h"
+
+#include "platform/Recordset.h"
+#include "platform/VbText.h"
+
+#include <QAbstractTableModel>
+#include <QHeaderView>
+#include <QMouseEvent>
+
+class RecordsetModel : public QAbstractTableModel {
+public:
+    using QAbstractTableModel::QAbstractTableModel;
+
+    QList<DataGrid::Column> columns;
+    QList<int> fieldIndex; // of each column in the recordset
+    Recordset* recordset = nullptr;
+
+    void bind(Recordset* rs) {
+        beginResetModel();
+        recordset = rs;
+        fieldIndex.clear();
+        if (rs && rs->isOpen()) {
+            for (const DataGrid::Column& c : std::as_const(columns)) {
+                int index = -1;
+                for (int i = 0; i < rs->FieldCount(); ++i)
+                    if (rs->Fields(i).Name().compare(c.field, Qt::CaseInsensitive) == 0)
+                        index = i;
+                fieldIndex << index;
+            }
+        }
+        endResetModel();
+    }
+
+    int rowCount(const QModelIndex& parent) const override {
+        return parent.isValid() || fieldIndex.isEmpty() ? 0 : recordset->RecordCount();
+    }
+    int columnCount(const QModelIndex& parent) const override {
+        return parent.isValid() ? 0 : columns.size();
+    }
+
+    QVariant data(const QModelIndex& index, int role) const override {
+        if (role != Qt::DisplayRole || fieldIndex.value(index.column(), -1) < 0)
+            return QVariant();
+        const QVariant value = recordset->valueAt(index.row() + 1, fieldIndex[index.column()]);
+        if (IsNull(value))
+            return QString();
+        const QString& format = columns[index.column()].format;
+        return format.isEmpty() ? CStr(value) : Format(value, format);
+    }
+
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
+        if (orientation == Qt::Horizontal && role == Qt::DisplayRole)
+            return columns.value(section).caption;
+        return QVariant();
+    }
+};
+
+DataGrid::DataGrid(QWidget* parent) : QTableView(parent), m_model(new RecordsetModel(this)) {
+    setModel(m_model);
+    setSelectionBehavior(QAbstractItemView::SelectRows);
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    horizontalHeader()->setSectionsClickable(true);
+    horizontalHeader()->setStretchLastSection(true);
+    connect(selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            [this](const QModelIndex& atual) {
+                Recordset* rs = m_model->recordset;
+                if (atual.isValid() && rs && rs->AbsolutePosition() != atual.row() + 1)
+                    rs->setAbsolutePosition(atual.row() + 1);
+            });
+}
+
+DataGrid::~DataGrid() = default;
+
+void DataGrid::setColumns(const QList<Column>& columns) {
+    m_model->columns = columns;
+    m_model->bind(m_model->recordset);
+}
+
+void DataGrid::setDataSource(Recordset& recordset) {
+    m_model->bind(&recordset);
+}
+
+void DataGrid::removeSelBookmark() {
+    clearSelection();
+}
+
+void DataGrid::addCurrentBookmark() {
+    Recordset* rs = m_model->recordset;
+    if (!rs || rs->AbsolutePosition() == 0)
+        return;
+    const QModelIndex linha = m_model->index(rs->AbsolutePosition() - 1, 0);
+    selectionModel()->setCurrentIndex(linha, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    scrollTo(linha);
+}
+
+void DataGrid::mouseDoubleClickEvent(QMouseEvent* event) {
+    QTableView::mouseDoubleClickEvent(event);
+    if (indexAt(event->position().toPoint()).isValid())
+        emit DblClick();
+}

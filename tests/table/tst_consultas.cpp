@@ -1,0 +1,149 @@
+#include "platform/DataControl.h"
+#include "platform/VbText.h"
+#include "startup/variaveisGlobais.h"
+#include "store/Comanda.h"
+#include "support/BancoDeTeste.h"
+#include "support/TelaDaMesa.h"
+#include "support/TestMain.h"
+#include "table/Frm_Clientes.h"
+#include "table/Frm_Mesa.h"
+#include "table/Frm_Produtos.h"
+
+#include <QLineEdit>
+#include <QTest>
+#include <QTreeWidget>
+
+namespace {
+QStringList linhas(const DataGrid* grade, int coluna) {
+    QStringList textos;
+    for (int i = 0; i < grade->model()->rowCount(); ++i)
+        textos << grade->model()->index(i, coluna).data().toString();
+    return textos;
+}
+} // namespace
+
+class TestConsultas : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() {
+        m_env = std::make_unique<TestEnvironment>();
+        bancoDeTeste(*m_env);
+        idColaborador = 2;
+    }
+    void cleanup() { m_env.reset(); }
+
+    // What the filter leaves in the grid, and what Enter then adds with the quantity typed before F1.
+    void produtos_data() {
+        QTest::addColumn<bool>("contem");
+        QTest::addColumn<QString>("filtro");
+        QTest::addColumn<QStringList>("grade");
+        QTest::addColumn<QString>("incluido");
+        const QStringList todos{"X-SALADA", "CERVEJA LATA", "PORÇÃO DE FRITAS"};
+        QTest::newRow("começo") << false << "cer" << QStringList{"CERVEJA LATA"} << "CERVEJA LATA";
+        QTest::newRow("meio sem buscaInicio") << false << "SALADA" << todos << "X-SALADA";
+        QTest::newRow("meio com buscaInicio")
+            << true << "LATA" << QStringList{"CERVEJA LATA"} << "CERVEJA LATA";
+        QTest::newRow("apóstrofo") << false << "x-'sal" << QStringList{"X-SALADA"} << "X-SALADA";
+        QTest::newRow("código inteiro")
+            << false << "3" << QStringList{"PORÇÃO DE FRITAS"} << "PORÇÃO DE FRITAS";
+        QTest::newRow("parte do código") << false << "00" << todos << "X-SALADA";
+    }
+    void produtos() {
+        QFETCH(bool, contem);
+        QFETCH(QString, filtro);
+        QFETCH(QStringList, grade);
+        QFETCH(QString, incluido);
+        buscaInicio = contem;
+        QStringList vistos;
+        naMesa(2, [&](Frm_Mesa& f) {
+            QTest::keyClicks(f.Text_Codigo, QStringLiteral("2*"));
+            onNextModal<Frm_Produtos>([&](Frm_Produtos* p) {
+                QCOMPARE(linhas(p->Dtg_Produtos, 1).size(), 3);
+                QTest::keyClicks(p->Text_filtro, filtro);
+                QCOMPARE(p->Text_filtro->text(), filtro.toUpper());
+                vistos = linhas(p->Dtg_Produtos, 1);
+                QTest::keyClick(p->Text_filtro, Qt::Key_Down);
+                QCOMPARE(QApplication::focusWidget(), p->Dtg_Produtos);
+                QTest::keyClick(p->Dtg_Produtos, Qt::Key_Return);
+            });
+            QTest::keyClick(&f, Qt::Key_F1);
+            QVERIFY(!Form::isLoaded<Frm_Produtos>());
+            QCOMPARE(f.Text_Quantidade->text(), QStringLiteral("1,000"));
+            QTRY_COMPARE(QApplication::focusWidget(), f.Text_Codigo);
+        });
+        QCOMPARE(vistos, grade);
+        QCOMPARE(consultar(QStringLiteral("SELECT descricao FROM Tb_Comandas_Itens")).toString(), incluido);
+        QCOMPARE(consultar(QStringLiteral("SELECT quantidade FROM Tb_Comandas_Itens")).toDouble(), 2.0);
+    }
+
+    // A failed search leaves the picker loaded and hidden; F1 then shows it without loading it again,
+    // and ESC leaves it without touching the tab.
+    void produtosEscondidoEEsc() {
+        naMesa(2, [&](Frm_Mesa& f) {
+            QTest::keyClicks(f.Text_Codigo, QStringLiteral("5*999"));
+            QTest::keyClick(f.Text_Codigo, Qt::Key_Return);
+            QVERIFY(Form::isLoaded<Frm_Produtos>());
+            Frm_Produtos* carregado = &Frm_Produtos::instance();
+            QVERIFY(!carregado->isVisible());
+            QTest::keyClicks(f.Text_Codigo, QStringLiteral("3*"));
+            onNextModal<Frm_Produtos>([&](Frm_Produtos* p) {
+                QCOMPARE(p, carregado);
+                QCOMPARE(linhas(p->Dtg_Produtos, 0).first(), QStringLiteral("0000000000001"));
+                QTest::keyClick(p->Text_filtro, Qt::Key_Escape);
+            });
+            QTest::keyClick(&f, Qt::Key_F1);
+            QVERIFY(!Form::isLoaded<Frm_Produtos>());
+            QCOMPARE(f.Text_Quantidade->text(), QStringLiteral("3,000"));
+        });
+        QCOMPARE(consultar(QStringLiteral("SELECT COUNT(*) FROM Tb_Comandas_Itens")).toInt(), 0);
+    }
+
+    void clientes_data() {
+        QTest::addColumn<QString>("filtro");
+        QTest::addColumn<int>("linhas");
+        QTest::addColumn<QString>("cliente");
+        QTest::newRow("nome") << "JOS" << 1 << "JOSÉ SOUZA";
+        QTest::newRow("ninguém") << "ZZZ" << 0 << "";
+        QTest::newRow("minúsculas ficam") << "jos" << 1 << "JOSÉ SOUZA";
+        QTest::newRow("apóstrofo") << "MA'R" << 1 << "MARIA SILVA";
+    }
+    void clientes() {
+        QFETCH(QString, filtro);
+        QFETCH(int, linhas);
+        QFETCH(QString, cliente);
+        naMesa(2, [&](Frm_Mesa& f) {
+            onNextModal<Frm_Clientes>([&](Frm_Clientes* c) {
+                QTest::keyClicks(c->Text_filtro, filtro);
+                QCOMPARE(c->Text_filtro->text(), filtro);
+                QCOMPARE(c->Dtg_Clientes->model()->rowCount(), linhas);
+                QTest::keyClick(c->Text_filtro, Qt::Key_Return);
+                if (Form::isLoaded<Frm_Clientes>())
+                    QTest::keyClick(c->Text_filtro, Qt::Key_Escape);
+            });
+            QTest::keyClick(&f, Qt::Key_F2);
+            QCOMPARE(f.Text_Cliente->text(), cliente);
+        });
+        QCOMPARE(consultar(QStringLiteral("SELECT id_cliente FROM Tb_Comandas")).toInt(),
+                 cliente.isEmpty()                      ? 0
+                 : cliente.startsWith(QLatin1Char('J')) ? 2
+                                                        : 1);
+    }
+
+    // Customer codes are 16-bit on the screen: one past that fails at confirmation.
+    void clienteDeCodigoGrande() {
+        executar(QStringLiteral("INSERT INTO CLIENTES (ID_CODIGO, NOME) VALUES (40000, 'ZECA')"));
+        naMesa(2, [&](Frm_Mesa&) {
+            Frm_Clientes& c = Frm_Clientes::instance();
+            c.Text_filtro->setText(QStringLiteral("ZECA"));
+            QCOMPARE(raisedBy([&] { c.Cmd_confirmar_Click(); }).Number, 6);
+            c.Unload();
+        });
+    }
+
+private:
+    std::unique_ptr<TestEnvironment> m_env;
+};
+
+ZARVEL_TEST(TestConsultas)
+#include "tst_consultas.moc"
