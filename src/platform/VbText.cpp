@@ -23,6 +23,8 @@
 //   two-digit year below 30 is in the 2000s. Dates carry no time zone: DateDiff counts on the
 //   wall clock.
 // - A date whose day is the base date (30/12/1899) prints its time only, midnight its date only.
+// - An invalid QDate or QDateTime (no such day) is the base date at midnight, as a Date holding 0
+//   is: its serial is 0 and it prints as such.
 // - "m"/"mm" in a date pattern is the minute right after an hour or right before a second.
 // - Boolean to text is "True"/"False"; CBool also reads "Verdadeiro"/"Falso".
 
@@ -234,11 +236,11 @@ double toSerial(const QDateTime& dt) {
 QDateTime dateOf(const QVariant& v) {
     switch (v.typeId()) {
     case QMetaType::QDate:
-        return QDateTime(v.toDate(), QTime(0, 0));
+        return vbLocale::validMoment(QDateTime(v.toDate(), QTime(0, 0)));
     case QMetaType::QTime:
         return QDateTime(vbLocale::baseDate, v.toTime());
     default:
-        return v.toDateTime();
+        return vbLocale::validMoment(v.toDateTime());
     }
 }
 

@@ -45,6 +45,8 @@ private slots:
         row("unreadable text unchanged", "abc", "0000", "abc");
         row("empty text unchanged", "", "0000", "");
         row("log file name", at(15, 1, 2024, 9, 5, 7), "ddMMyyyy", "15012024");
+        row("invalid date is day zero", QDateTime(), "dddd d mmmm yyyy", "sábado 30 dezembro 1899");
+        row("invalid day, short names", QDate(), "ddd mmm", "sáb dez");
     }
     void format() {
         QFETCH(QVariant, value);
@@ -139,6 +141,7 @@ private slots:
         row("CStr", "an int", 42, "42");
         row("CStr", "date and time", at(5, 3, 2024, 14, 7, 9), "05/03/2024 14:07:09");
         row("CStr", "midnight", at(5, 3, 2024), "05/03/2024");
+        row("CStr", "invalid date", QDateTime(), "00:00:00");
         row("CStr", "Null", Null, {}, vbErr::InvalidUseOfNull);
         const QDateTime moment = at(5, 3, 2024, 14, 7, 9);
         row("CDate", "date and time", "05/03/2024 14:07:09", moment);
