@@ -1,5 +1,7 @@
 #include "platform/Form.h"
 
+#include "platform/Application.h"
+
 #include <QApplication>
 #include <QCloseEvent>
 #include <QEventLoop>
@@ -132,7 +134,7 @@ void Form::unloadAll() {
 void Form::closeEvent(QCloseEvent* event) {
     // The window's own close button unloads the screen, as on the original.
     event->ignore();
-    Unload();
+    runGuarded([this] { Unload(); });
 }
 
 void Form::keyPressEvent(QKeyEvent* event) {
