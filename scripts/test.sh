@@ -1,8 +1,16 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds, and runs every test through ctest on the offscreen platform.
+# Installs what is missing, builds, and runs every test through ctest on the offscreen platform,
+# then once more in a second build under AddressSanitizer and UBSan, leaks included.
 set -euo pipefail
 root="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
 build="$root/build"
 "$root/scripts/setup.sh" "$build"
 cd "$build"
 QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j "$(nproc)"
+
+asan="$root/build-asan"
+cmake -S "$root" -B "$asan" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DASAN=ON -DZARVEL_BENCH=OFF >/dev/null
+cmake --build "$asan" -j "$(nproc)"
+cd "$asan"
+ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=halt_on_error=1:print_stacktrace=1 QT_QPA_PLATFORM=offscreen \
+    ctest --output-on-failure -j "$(nproc)"

@@ -1,6 +1,7 @@
 #include "access/Frm_Login.h"
 
 #include "map/Frm_Principal.h"
+#include "platform/Application.h"
 #include "platform/DataControl.h"
 #include "platform/MsgBox.h"
 #include "platform/Process.h"
@@ -45,7 +46,7 @@ Frm_Login::Frm_Login() {
     cmdEntrar = new QPushButton(QStringLiteral("Entrar"), this);
     cmdEntrar->setObjectName(QStringLiteral("cmdEntrar"));
     cmdEntrar->setAutoDefault(false);
-    connect(cmdEntrar, &QPushButton::clicked, this, [this] { cmdEntrar_Click(); });
+    connect(cmdEntrar, &QPushButton::clicked, this, guarded([this] { cmdEntrar_Click(); }));
 
     auto* layout = new QGridLayout(this);
     layout->setContentsMargins(16, 16, 16, 16);

@@ -6,6 +6,6 @@
 int main(int argc, char* argv[]) {
     Application app(argc, argv);
     // Started from the event loop, so that whatever no routine handles reaches the one report.
-    QTimer::singleShot(0, &app, [] { Frm_Splash::instance().Show(); });
+    QTimer::singleShot(0, &app, guarded([] { Frm_Splash::instance().Show(); }));
     return app.exec();
 }

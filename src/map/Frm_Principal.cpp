@@ -2,6 +2,7 @@
 
 #include "map/Mesa.h"
 #include "map/SmoothScrollBar.h"
+#include "platform/Application.h"
 #include "platform/Clock.h"
 #include "platform/DataControl.h"
 #include "platform/RuntimeError.h"
@@ -97,8 +98,9 @@ Frm_Principal::Frm_Principal() {
     List_Menu->setRootIsDecorated(false);
     List_Menu->setIconSize(QSize(32, 32));
     List_Menu->setFocusPolicy(Qt::StrongFocus);
-    connect(List_Menu, &QTreeWidget::itemClicked, this,
-            [this](QTreeWidgetItem* item) { List_Menu_ItemClick(List_Menu->indexOfTopLevelItem(item) + 1); });
+    connect(List_Menu, &QTreeWidget::itemClicked, this, guarded([this](QTreeWidgetItem* item) {
+                List_Menu_ItemClick(List_Menu->indexOfTopLevelItem(item) + 1);
+            }));
 
     card.append(new Mesa(this, 0));
     card[0]->setLeft(4039);
@@ -110,10 +112,10 @@ Frm_Principal::Frm_Principal() {
     scrollBar = controle(new SmoothScrollBar(this), "scrollBar", 9780, 180, 255, 615);
     scrollBar->hide();
     scrollBar->WheelChange = 10;
-    connect(scrollBar, &SmoothScrollBar::Change, this, &Frm_Principal::scrollBar_Change);
+    connect(scrollBar, &SmoothScrollBar::Change, this, guarded([this] { scrollBar_Change(); }));
 
     Timer = new ::Timer(QStringLiteral("Timer"), 1000, this);
-    connect(Timer, &::Timer::Tick, this, &Frm_Principal::Timer_Timer);
+    connect(Timer, &::Timer::Tick, this, guarded([this] { Timer_Timer(); }));
 
     Ado_Refresh = new DataControl(QStringLiteral("Ado_Refresh"), this);
     Ado_Mesas = new DataControl(QStringLiteral("Ado_Mesas"), this);
@@ -189,7 +191,8 @@ void Frm_Principal::montaMesas(qint16 quantidade) {
             ++mesasForaDaTela;
     }
     for (Mesa* c : std::as_const(card))
-        connect(c, &Mesa::Click, this, [this](int index) { card_Click(static_cast<qint16>(index)); });
+        connect(c, &Mesa::Click, this,
+                guarded([this](int index) { card_Click(static_cast<qint16>(index)); }));
 }
 
 void Frm_Principal::Timer_Timer() {
@@ -271,7 +274,7 @@ bool Frm_Principal::eventFilter(QObject* watched, QEvent* event) {
                 continue;
             const auto* mouse = static_cast<QMouseEvent*>(event);
             if (mouse->button() == Qt::LeftButton && Frame[i]->rect().contains(mouse->position().toPoint()))
-                Frame_Click(i);
+                runGuarded([this, i] { Frame_Click(i); });
             return true;
         }
     }

@@ -90,18 +90,22 @@ bool Application::notify(QObject* receiver, QEvent* event) {
             break;
         }
         return QApplication::notify(receiver, event);
-    } catch (const RuntimeError& error) {
-        try {
-            reportUnhandledError(error);
-        } catch (const ProcessEnded&) {
-        }
-    } catch (const ProcessEnded&) {
-        // A test's replaced end: the handler has seen it.
-    } catch (const std::exception& other) {
-        try {
-            reportUnhandledError(RuntimeError(vbErr::InvalidCall, QString::fromLocal8Bit(other.what())));
-        } catch (const ProcessEnded&) {
-        }
+    } catch (...) {
+        // From the screens' key and focus handlers, called from here before Qt sees the event.
+        handleUncaught(std::current_exception());
     }
     return true;
+}
+
+void handleUncaught(std::exception_ptr error) noexcept {
+    try {
+        try {
+            std::rethrow_exception(error);
+        } catch (const RuntimeError& runtime) {
+            reportUnhandledError(runtime);
+        } catch (const std::exception& other) {
+            reportUnhandledError(RuntimeError(vbErr::InvalidCall, QString::fromLocal8Bit(other.what())));
+        }
+    } catch (const ProcessEnded&) {
+    }
 }

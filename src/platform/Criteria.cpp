@@ -76,8 +76,8 @@ void Criteria::skipBlanks() {
 // A keyword stands alone: a blank, a parenthesis or a quote must follow it.
 bool Criteria::keyword(const char* word) {
     skipBlanks();
-    const QString w = QString::fromLatin1(word);
-    if (m_text.mid(m_pos, w.size()).compare(w, Qt::CaseInsensitive) != 0)
+    const QLatin1String w(word);
+    if (!QStringView(m_text).mid(m_pos).startsWith(w, Qt::CaseInsensitive))
         return false;
     const int end = m_pos + w.size();
     if (end < m_text.size()) {
@@ -89,41 +89,42 @@ bool Criteria::keyword(const char* word) {
     return true;
 }
 
+// "a OR b OR c" is one node holding every operand, so that neither parsing nor evaluating a long
+// chain recurses once per clause.
+int Criteria::parseChain(Op op, const char* word, int (Criteria::*operand)()) {
+    const int first = (this->*operand)();
+    if (!keyword(word))
+        return first;
+    Node chain;
+    chain.op = op;
+    chain.operands.append(first);
+    do
+        chain.operands.append((this->*operand)());
+    while (keyword(word));
+    m_nodes.append(chain);
+    return m_nodes.size() - 1;
+}
+
 int Criteria::parseOr() {
-    int left = parseAnd();
-    while (keyword("OR")) {
-        Node node;
-        node.op = Op::Or;
-        node.left = left;
-        node.right = parseAnd();
-        m_nodes.append(node);
-        left = m_nodes.size() - 1;
-    }
-    return left;
+    return parseChain(Op::Or, "OR", &Criteria::parseAnd);
 }
 
 int Criteria::parseAnd() {
-    int left = parseClause();
-    while (keyword("AND")) {
-        Node node;
-        node.op = Op::And;
-        node.left = left;
-        node.right = parseClause();
-        m_nodes.append(node);
-        left = m_nodes.size() - 1;
-    }
-    return left;
+    return parseChain(Op::And, "AND", &Criteria::parseClause);
 }
 
 int Criteria::parseClause() {
     skipBlanks();
     if (m_pos < m_text.size() && m_text.at(m_pos) == QLatin1Char('(')) {
+        if (++m_depth > kMaxDepth)
+            malformed();
         ++m_pos;
         const int inner = parseOr();
         skipBlanks();
         if (m_pos >= m_text.size() || m_text.at(m_pos) != QLatin1Char(')'))
             malformed();
         ++m_pos;
+        --m_depth;
         return inner;
     }
     Node node;
@@ -162,8 +163,8 @@ Criteria::Op Criteria::parseOperator() {
     } symbols[] = {{"<=", Op::LessEqual}, {">=", Op::GreaterEqual}, {"<>", Op::NotEqual},
                    {"<", Op::Less},       {">", Op::Greater},       {"=", Op::Equal}};
     for (const auto& symbol : symbols) {
-        const QString s = QString::fromLatin1(symbol.text);
-        if (m_text.mid(m_pos, s.size()) == s) {
+        const QLatin1String s(symbol.text);
+        if (QStringView(m_text).mid(m_pos).startsWith(s)) {
             m_pos += s.size();
             return symbol.op;
         }
@@ -247,9 +248,15 @@ bool Criteria::eval(int index, const QVector<QVariant>& values) const {
     const Node& node = m_nodes.at(index);
     switch (node.op) {
     case Op::And:
-        return eval(node.left, values) && eval(node.right, values);
+        for (const int operand : node.operands)
+            if (!eval(operand, values))
+                return false;
+        return true;
     case Op::Or:
-        return eval(node.left, values) || eval(node.right, values);
+        for (const int operand : node.operands)
+            if (eval(operand, values))
+                return true;
+        return false;
     default:
         return compare(node, values.at(node.column));
     }

@@ -13,7 +13,8 @@
 // Null never matches.
 //
 // A malformed criterion (a lone apostrophe inside a quoted value, a missing operator, a wildcard
-// in the middle) raises 3001; an unknown field raises 3265.
+// in the middle, parentheses nested deeper than kMaxDepth) raises 3001; an unknown field raises
+// 3265.
 class Criteria {
 public:
     // columnOf gives a field's position, raising 3265 for an unknown name.
@@ -25,18 +26,22 @@ public:
 
     int clauseCount() const { return m_clauses; }
 
+    // Far beyond what a screen writes; it keeps a hostile criterion from exhausting the stack.
+    static constexpr int kMaxDepth = 100;
+
 private:
     enum class Op { Less, Greater, LessEqual, GreaterEqual, NotEqual, Equal, Like, And, Or };
     enum class Like { Exact, Prefix, Contains };
     struct Node {
         Op op = Op::Equal;
-        int left = -1, right = -1; // child nodes of AND and OR
-        int column = -1;           // the clause's field
-        QVariant value;            // the clause's value
+        QVector<int> operands; // of AND and OR, a whole chain in one node
+        int column = -1;       // the clause's field
+        QVariant value;        // the clause's value
         bool quoted = false;
         Like like = Like::Exact;
     };
 
+    int parseChain(Op op, const char* word, int (Criteria::*operand)());
     int parseOr();
     int parseAnd();
     int parseClause();
@@ -52,6 +57,7 @@ private:
 
     QString m_text;
     int m_pos = 0;
+    int m_depth = 0;
     std::function<int(const QString&)> m_columnOf;
     QVector<Node> m_nodes;
     int m_root = -1;

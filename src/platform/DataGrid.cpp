@@ -1,5 +1,6 @@
 #include "platform/DataGrid.h"
 
+#include "platform/Application.h"
 #include "platform/Recordset.h"
 #include "platform/VbText.h"
 
@@ -65,11 +66,11 @@ DataGrid::DataGrid(QWidget* parent) : QTableView(parent), m_model(new RecordsetM
     horizontalHeader()->setSectionsClickable(true);
     horizontalHeader()->setStretchLastSection(true);
     connect(selectionModel(), &QItemSelectionModel::currentRowChanged, this,
-            [this](const QModelIndex& atual) {
+            guarded([this](const QModelIndex& atual) {
                 Recordset* rs = m_model->recordset;
                 if (atual.isValid() && rs && rs->AbsolutePosition() != atual.row() + 1)
                     rs->setAbsolutePosition(atual.row() + 1);
-            });
+            }));
 }
 
 DataGrid::~DataGrid() = default;

@@ -1,5 +1,6 @@
 #include "platform/Form.h"
 
+#include "platform/Application.h"
 #include "platform/MsgBox.h"
 #include "platform/Twips.h"
 
@@ -143,7 +144,7 @@ void Form::unloadAll() {
 void Form::closeEvent(QCloseEvent* event) {
     // The window's own close button unloads the screen, as on the original.
     event->ignore();
-    Unload();
+    runGuarded([this] { Unload(); });
 }
 
 void Form::keyPressEvent(QKeyEvent* event) {

@@ -271,7 +271,8 @@ QString formatNumberPattern(const Decimal& number, const QString& pattern) {
     return formatSection(number, sections[0]);
 }
 
-QString formatDatePattern(const QDateTime& dt, const QString& pattern) {
+QString formatDatePattern(const QDateTime& moment, const QString& pattern) {
+    const QDateTime dt = vbLocale::validMoment(moment); // an invalid one has month and weekday 0
     auto startsHere = [&](qsizetype i, const char16_t* word) {
         return QStringView(pattern).mid(i).startsWith(QStringView(word), Qt::CaseInsensitive);
     };

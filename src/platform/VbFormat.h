@@ -15,6 +15,10 @@ constexpr int digits = 2;
 inline const QString shortDate = QStringLiteral("dd/MM/yyyy");
 inline const QString longTime = QStringLiteral("HH:mm:ss");
 inline const QDate baseDate{1899, 12, 30}; // day 0 of the original's dates
+// An invalid moment stands for day 0 at midnight (see VbText.cpp).
+inline QDateTime validMoment(const QDateTime& dt) {
+    return dt.isValid() ? dt : QDateTime(baseDate, QTime(0, 0));
+}
 } // namespace vbLocale
 
 // A number as its decimal digits: 0.d1d2d3... times 10^point, no leading or trailing zeros.

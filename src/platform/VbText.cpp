@@ -19,10 +19,14 @@
 // - Negative money is "-R$ 3,20" ("(R$ 3,20)" with parentheses asked for).
 // - Text in "&H"/"&O" reads as an unsigned number (CDbl("&HFFFF") = 65535); Val keeps the
 //   original's 16/32-bit sign for up to 4/8 hex digits (Val("&HFFFF") = -1).
+// - Text that reads as a number out of range (hex or octal past 64 bits, a decimal past a Double)
+//   is not numeric, and CDbl, CInt, CLng and Val raise 6 Overflow on it rather than 13.
 // - Date text: "d/M/yyyy [H:mm[:ss]]", ISO "yyyy-MM-dd[ T]HH:mm[:ss[.zzz]]" and "H:mm[:ss]"; a
 //   two-digit year below 30 is in the 2000s. Dates carry no time zone: DateDiff counts on the
 //   wall clock.
 // - A date whose day is the base date (30/12/1899) prints its time only, midnight its date only.
+// - An invalid QDate or QDateTime (no such day) is the base date at midnight, as a Date holding 0
+//   is: its serial is 0 and it prints as such.
 // - "m"/"mm" in a date pattern is the minute right after an hour or right before a second.
 // - Boolean to text is "True"/"False"; CBool also reads "Verdadeiro"/"Falso".
 
@@ -92,17 +96,20 @@ qint64 floorDiv(qint64 a, qint64 b) {
     return a / b - ((a % b != 0) && ((a < 0) != (b < 0)));
 }
 
+enum class Reading { NotANumber, Number, OutOfRange };
+
 // Reads text as the pt-BR run time does: blanks around, one sign before or after, parentheses,
 // "R$", group points anywhere in the integer part, one decimal comma, an exponent, &H/&O.
-bool readNumber(const QString& text, double& out) {
+Reading readNumber(const QString& text, double& out) {
     const QString s = trimBlanks(text);
     if (s.size() > 2 && s[0] == u'&') {
         const QChar b = s[1].toUpper();
         const int base = b == u'H' ? 16 : b == u'O' ? 8 : 0;
         if (base == 0 || radixEnd(s, 2, base) != s.size())
-            return false;
-        out = double(s.mid(2).toULongLong(nullptr, base));
-        return true;
+            return Reading::NotANumber;
+        bool ok = false; // with every digit valid, only past 64 bits
+        out = double(QStringView(s).mid(2).toULongLong(&ok, base));
+        return ok ? Reading::Number : Reading::OutOfRange;
     }
     const qsizetype n = s.size();
     qsizetype i = 0;
@@ -143,7 +150,7 @@ bool readNumber(const QString& text, double& out) {
             break;
     }
     if (integer.isEmpty() && fraction.isEmpty())
-        return false;
+        return Reading::NotANumber;
     QString exponent;
     if (i < n && (s[i] == u'e' || s[i] == u'E')) {
         ++i;
@@ -153,7 +160,7 @@ bool readNumber(const QString& text, double& out) {
         while (i < n && isDigit(s[i]))
             exponent += s[i++];
         if (i == start)
-            return false;
+            return Reading::NotANumber;
     }
     while (true) {
         if (affix())
@@ -166,7 +173,7 @@ bool readNumber(const QString& text, double& out) {
         break;
     }
     if (i != n || paren != closed)
-        return false;
+        return Reading::NotANumber;
     QString c = (negative ? QStringLiteral("-0") : QStringLiteral("0")) + integer;
     if (!fraction.isEmpty())
         c += u'.' + fraction;
@@ -174,7 +181,9 @@ bool readNumber(const QString& text, double& out) {
         c += u'e' + exponent;
     bool ok = false;
     out = c.toDouble(&ok);
-    return ok && std::isfinite(out);
+    if (ok)
+        return Reading::Number;
+    return std::isinf(out) ? Reading::OutOfRange : Reading::NotANumber;
 }
 
 int twoDigitYear(int year) {
@@ -234,11 +243,11 @@ double toSerial(const QDateTime& dt) {
 QDateTime dateOf(const QVariant& v) {
     switch (v.typeId()) {
     case QMetaType::QDate:
-        return QDateTime(v.toDate(), QTime(0, 0));
+        return vbLocale::validMoment(QDateTime(v.toDate(), QTime(0, 0)));
     case QMetaType::QTime:
         return QDateTime(vbLocale::baseDate, v.toTime());
     default:
-        return v.toDateTime();
+        return vbLocale::validMoment(v.toDateTime());
     }
 }
 
@@ -311,7 +320,7 @@ QString Format(const QVariant& value, const QString& pattern) {
         QDateTime date;
         if (pattern.isEmpty())
             return text;
-        if (readNumber(text, number))
+        if (readNumber(text, number) == Reading::Number)
             return formatDecimal(Decimal::fromDouble(number), pattern);
         if (readDate(text, date))
             return formatDatePattern(date, pattern);
@@ -364,7 +373,7 @@ bool IsNumeric(const QVariant& value) {
         return true;
     case Kind::Text: {
         double ignored = 0;
-        return readNumber(value.toString(), ignored);
+        return readNumber(value.toString(), ignored) == Reading::Number;
     }
     default:
         return false;
@@ -385,9 +394,14 @@ double CDbl(const QVariant& value) {
         return toSerial(dateOf(value));
     case Kind::Text: {
         double number = 0;
-        if (!readNumber(value.toString(), number))
+        switch (readNumber(value.toString(), number)) {
+        case Reading::Number:
+            return number;
+        case Reading::OutOfRange:
+            raiseError(vbErr::Overflow);
+        default:
             raiseError(vbErr::TypeMismatch);
-        return number;
+        }
     }
     default:
         raiseError(vbErr::TypeMismatch);
@@ -468,7 +482,11 @@ double Val(const QString& text) {
             s += c;
     if (s.size() > 1 && s[0] == u'&' && (s[1].toUpper() == u'H' || s[1].toUpper() == u'O')) {
         const int base = s[1].toUpper() == u'H' ? 16 : 8;
-        const qulonglong v = s.mid(2, radixEnd(s, 2, base) - 2).toULongLong(nullptr, base);
+        const QStringView digits = QStringView(s).mid(2, radixEnd(s, 2, base) - 2);
+        bool ok = false;
+        const qulonglong v = digits.toULongLong(&ok, base);
+        if (!ok && !digits.isEmpty())
+            raiseError(vbErr::Overflow);
         if (v <= 0xFFFF)
             return double(qint16(quint16(v)));
         if (v <= 0xFFFFFFFF)
@@ -502,7 +520,10 @@ double Val(const QString& text) {
             i = mark;
         }
     }
-    return c.toDouble();
+    const double value = c.toDouble();
+    if (std::isinf(value))
+        raiseError(vbErr::Overflow);
+    return value;
 }
 
 double Int(double value) {

@@ -1,5 +1,6 @@
 #include "table/Frm_Clientes.h"
 
+#include "platform/Application.h"
 #include "platform/DataControl.h"
 #include "platform/VbText.h"
 #include "startup/variaveisGlobais.h"
@@ -23,7 +24,7 @@ Frm_Clientes::Frm_Clientes()
     Ado_Clientes = m_ado;
     Dtg_Clientes->horizontalHeader()->resizeSection(0, 80);
     Dtg_Clientes->horizontalHeader()->resizeSection(1, 260);
-    connect(Text_filtro, &QLineEdit::textChanged, this, &Frm_Clientes::Text_filtro_Change);
+    connect(Text_filtro, &QLineEdit::textChanged, this, guarded([this] { Text_filtro_Change(); }));
 }
 
 void Frm_Clientes::Text_filtro_Change() {

@@ -1,5 +1,6 @@
 #include "table/Frm_Consulta.h"
 
+#include "platform/Application.h"
 #include "platform/DataControl.h"
 #include "startup/variaveisGlobais.h"
 
@@ -41,11 +42,11 @@ Frm_Consulta::Frm_Consulta(const char* nome, const QString& titulo, const QStrin
     auto* controles = new QHBoxLayout(Frame_controles);
     controles->addWidget(Cmd_confirmar);
     controles->addWidget(Cmd_sair);
-    connect(Cmd_confirmar, &QPushButton::clicked, this, [this] { Cmd_confirmar_Click(); });
-    connect(Cmd_sair, &QPushButton::clicked, this, &Frm_Consulta::Cmd_sair_Click);
+    connect(Cmd_confirmar, &QPushButton::clicked, this, guarded([this] { Cmd_confirmar_Click(); }));
+    connect(Cmd_sair, &QPushButton::clicked, this, guarded([this] { Cmd_sair_Click(); }));
 
     grade->setColumns(colunas);
-    connect(grade, &DataGrid::DblClick, this, [this] { Cmd_confirmar_Click(); });
+    connect(grade, &DataGrid::DblClick, this, guarded([this] { Cmd_confirmar_Click(); }));
 
     auto* topo = new QHBoxLayout;
     topo->addWidget(Frame_filtros, 1);

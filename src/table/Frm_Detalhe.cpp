@@ -1,5 +1,7 @@
 #include "table/Frm_Detalhe.h"
 
+#include "platform/Application.h"
+
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -31,7 +33,7 @@ Frm_Detalhe::Frm_Detalhe() {
     Cmd_Sair->setToolTip(QStringLiteral("Gravar alterações"));
     DefaultButton = Cmd_Sair;
     CancelButton = Cmd_Sair;
-    connect(Cmd_Sair, &QPushButton::clicked, this, &Frm_Detalhe::Cmd_Sair_Click);
+    connect(Cmd_Sair, &QPushButton::clicked, this, guarded([this] { Cmd_Sair_Click(); }));
 
     auto* grade = new QGridLayout(this);
     int linha = 0;

@@ -1,6 +1,7 @@
 #include "table/Frm_Mesa.h"
 
 #include "items/rotinasItens.h"
+#include "platform/Application.h"
 #include "platform/DataControl.h"
 #include "platform/Twips.h"
 #include "platform/VbText.h"
@@ -181,7 +182,7 @@ Frm_Mesa::Frm_Mesa() {
     List_Menu->setIconSize(QSize(32, 32));
     List_Menu->setFixedWidth(190);
     connect(List_Menu, &QTreeWidget::itemClicked, this,
-            [this](QTreeWidgetItem* item) { List_Menu_ItemClick(item); });
+            guarded([this](QTreeWidgetItem* item) { List_Menu_ItemClick(item); }));
 
     // Totals.
     Chk_Servico = controle(new QCheckBox(QStringLiteral("&Serviço"), this), "Chk_Servico");
@@ -201,7 +202,7 @@ Frm_Mesa::Frm_Mesa() {
     // Struck through at design: a tab without service shows so from the start.
     riscar(Chk_Servico, true);
     riscar(Label_Servico, true);
-    connect(Chk_Servico, &QCheckBox::stateChanged, this, [this] { Chk_Servico_Click(); });
+    connect(Chk_Servico, &QCheckBox::stateChanged, this, guarded([this] { Chk_Servico_Click(); }));
 
     Ado_itens = new DataControl(QStringLiteral("Ado_itens"), this);
 
@@ -209,7 +210,7 @@ Frm_Mesa::Frm_Mesa() {
     const auto entradaDoMenuMesa = [this](const QString& texto, const char* nome, void (Frm_Mesa::*acao)()) {
         QAction* a = mnu_mesa->addAction(texto);
         a->setObjectName(QLatin1String(nome));
-        connect(a, &QAction::triggered, this, acao);
+        connect(a, &QAction::triggered, this, guarded([this, acao] { (this->*acao)(); }));
         return a;
     };
     mnu_mesa_detalhe =

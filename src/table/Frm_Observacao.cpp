@@ -1,5 +1,6 @@
 #include "table/Frm_Observacao.h"
 
+#include "platform/Application.h"
 #include "platform/DataControl.h"
 #include "platform/VbText.h"
 #include "table/Frm_Mesa.h"
@@ -33,8 +34,8 @@ Frm_Observacao::Frm_Observacao() {
     Cmd_Sair->setObjectName(QStringLiteral("Cmd_Sair"));
     Cmd_Sair->setToolTip(QStringLiteral("Gravar alterações"));
     CancelButton = Cmd_Sair;
-    connect(Cmd_Gravar, &QPushButton::clicked, this, &Frm_Observacao::Cmd_Gravar_Click);
-    connect(Cmd_Sair, &QPushButton::clicked, this, &Frm_Observacao::Cmd_Sair_Click);
+    connect(Cmd_Gravar, &QPushButton::clicked, this, guarded([this] { Cmd_Gravar_Click(); }));
+    connect(Cmd_Sair, &QPushButton::clicked, this, guarded([this] { Cmd_Sair_Click(); }));
     onKeyPress(Text_Observacao, &Frm_Observacao::Text_Observacao_KeyPress);
     // Pasted text is held to the column's size too.
     connect(Text_Observacao, &QPlainTextEdit::textChanged, this, [this] {

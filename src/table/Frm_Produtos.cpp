@@ -1,6 +1,7 @@
 #include "table/Frm_Produtos.h"
 
 #include "items/rotinasItens.h"
+#include "platform/Application.h"
 #include "platform/DataControl.h"
 #include "platform/VbText.h"
 #include "startup/variaveisGlobais.h"
@@ -27,7 +28,7 @@ Frm_Produtos::Frm_Produtos()
     Dtg_Produtos->horizontalHeader()->resizeSection(2, 50);
     // A click on a column head reads it and does nothing: the rows are not sorted.
     onKeyPress(Text_filtro, &Frm_Produtos::Text_filtro_KeyPress);
-    connect(Text_filtro, &QLineEdit::textChanged, this, &Frm_Produtos::Text_filtro_Change);
+    connect(Text_filtro, &QLineEdit::textChanged, this, guarded([this] { Text_filtro_Change(); }));
 }
 
 void Frm_Produtos::Text_filtro_KeyPress(int& KeyAscii) {

@@ -227,6 +227,11 @@ private slots:
         row("CODIGO = 1 AND", "3001");
         row("CODIGO = 'X'", "3001");
         row("NADA = 1", "3265");
+        // Neither may exhaust the stack.
+        QTest::newRow("a million clauses") << QStringLiteral("CODIGO = 9 OR ").repeated(999999) + "CODIGO = 2"
+                                           << "2";
+        QTest::newRow("10,000 parentheses")
+            << QString(10000, u'(') + "CODIGO = 2" + QString(10000, u')') << "3001";
     }
     void filter() {
         QFETCH(QString, criteria);

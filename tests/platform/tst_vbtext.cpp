@@ -45,6 +45,8 @@ private slots:
         row("unreadable text unchanged", "abc", "0000", "abc");
         row("empty text unchanged", "", "0000", "");
         row("log file name", at(15, 1, 2024, 9, 5, 7), "ddMMyyyy", "15012024");
+        row("invalid date is day zero", QDateTime(), "dddd d mmmm yyyy", "sábado 30 dezembro 1899");
+        row("invalid day, short names", QDate(), "ddd mmm", "sáb dez");
     }
     void format() {
         QFETCH(QVariant, value);
@@ -80,7 +82,10 @@ private slots:
         QTest::addColumn<bool>("expected");
         for (const char* text : {" 12 ", "-5", "1.234,56", ",5", "R$ 1.234,50", "12.34"})
             QTest::newRow(text) << QVariant(QString::fromUtf8(text)) << true;
-        for (const char* text : {"", ",", "-", "12abc", "1,2,3", "abc"})
+        for (const char* text : {"&HFFFFFFFFFFFFFFFF", "&H00000000000000000001"})
+            QTest::newRow(text) << QVariant(QString::fromUtf8(text)) << true;
+        for (const char* text : {"", ",", "-", "12abc", "1,2,3", "abc", "&H10000000000000000",
+                                 "&O2000000000000000000000", "1e400"})
             QTest::newRow(text) << QVariant(QString::fromUtf8(text)) << false;
         QTest::newRow("a number") << QVariant(5.5) << true;
         QTest::newRow("Null") << Null << false;
@@ -110,6 +115,11 @@ private slots:
         row("CDbl", "empty", "", {}, vbErr::TypeMismatch);
         row("CDbl", "letters", "abc", {}, vbErr::TypeMismatch);
         row("CDbl", "Null", Null, {}, vbErr::InvalidUseOfNull);
+        row("CDbl", "64-bit hex", "&HFFFFFFFFFFFFFFFF", 18446744073709551615.0);
+        row("CDbl", "hex past 64 bits", "&H10000000000000000", {}, vbErr::Overflow);
+        row("CDbl", "octal past 64 bits", "&O2000000000000000000000", {}, vbErr::Overflow);
+        row("CDbl", "beyond a Double", "1e400", {}, vbErr::Overflow);
+        row("CDbl", "below a Double", "-1e400", {}, vbErr::Overflow);
         row("CInt", "0.5", 0.5, 0);
         row("CInt", "1.5", 1.5, 2);
         row("CInt", "2.5", 2.5, 2);
@@ -122,6 +132,7 @@ private slots:
         row("CInt", "text 12.34", "12.34", 1234);
         row("CInt", "text half", "2,5", 2);
         row("CInt", "letters", "abc", {}, vbErr::TypeMismatch);
+        row("CInt", "beyond a Double", "1e400", {}, vbErr::Overflow);
         row("CInt", "Null", Null, {}, vbErr::InvalidUseOfNull);
         row("CLng", "3.5", 3.5, 4);
         row("CLng", "beyond an Integer", 40000.0, 40000);
@@ -139,6 +150,7 @@ private slots:
         row("CStr", "an int", 42, "42");
         row("CStr", "date and time", at(5, 3, 2024, 14, 7, 9), "05/03/2024 14:07:09");
         row("CStr", "midnight", at(5, 3, 2024), "05/03/2024");
+        row("CStr", "invalid date", QDateTime(), "00:00:00");
         row("CStr", "Null", Null, {}, vbErr::InvalidUseOfNull);
         const QDateTime moment = at(5, 3, 2024, 14, 7, 9);
         row("CDate", "date and time", "05/03/2024 14:07:09", moment);
@@ -146,6 +158,10 @@ private slots:
         row("CDate", "a QDateTime", moment, moment);
         row("CDate", "no such day", "31/02/2024", {}, vbErr::TypeMismatch);
         row("CDate", "Null", Null, {}, vbErr::InvalidUseOfNull);
+        row("Val", "blanks skipped, the comma stops", " 1 2,5", 12.0);
+        row("Val", "stops at letters", "1.5abc", 1.5);
+        row("Val", "beyond a Double", "1e400", {}, vbErr::Overflow);
+        row("Val", "hex past 64 bits", "&H10000000000000000", {}, vbErr::Overflow);
     }
     void conversions() {
         QFETCH(QString, function);
@@ -159,6 +175,7 @@ private slots:
             {QStringLiteral("CBool"), [&] { return QVariant(CBool(value)); }},
             {QStringLiteral("CStr"), [&] { return QVariant(CStr(value)); }},
             {QStringLiteral("CDate"), [&] { return QVariant(CDate(value)); }},
+            {QStringLiteral("Val"), [&] { return QVariant(Val(value.toString())); }},
         };
         QVariant result;
         QCOMPARE(raisedBy([&] { result = call.value(function)(); }).Number, error);
@@ -166,9 +183,7 @@ private slots:
             QCOMPARE(result, expected);
     }
 
-    void valIntFix() {
-        QCOMPARE(Val(QStringLiteral(" 1 2,5")), 12.0); // blanks skipped, the comma stops
-        QCOMPARE(Val(QStringLiteral("1.5abc")), 1.5);
+    void intFix() {
         QCOMPARE(Int(-8.4), -9.0);
         QCOMPARE(Fix(-8.4), -8.0);
         QCOMPARE(Int(8.4), 8.0);

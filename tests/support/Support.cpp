@@ -1,5 +1,6 @@
 #include "support/Support.h"
 
+#include "platform/Application.h"
 #include "platform/Clock.h"
 #include "platform/Connection.h"
 #include "platform/Form.h"
@@ -114,7 +115,7 @@ void onNextModalWidget(std::function<bool(QWidget*)> match, std::function<void(Q
         }
         timer->stop();
         timer->deleteLater();
-        action(modal);
+        runGuarded([&] { action(modal); });
     });
     timer->start();
 }
