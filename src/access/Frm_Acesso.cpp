@@ -7,7 +7,6 @@
 
 #include <QLabel>
 #include <QLineEdit>
-#include <QScreen>
 #include <QVBoxLayout>
 
 Frm_Acesso::Frm_Acesso() {
@@ -34,7 +33,7 @@ Frm_Acesso::Frm_Acesso() {
     layout->addWidget(lblSenha);
     layout->addWidget(Text_senha);
     setFixedSize(300, 110);
-    move(screen()->availableGeometry().center() - rect().center());
+    centerOnScreen();
 }
 
 Frm_Acesso::~Frm_Acesso() = default;

@@ -13,7 +13,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QScreen>
 
 Frm_Login::Frm_Login() {
     setObjectName(QStringLiteral("Frm_Login"));
@@ -60,7 +59,7 @@ Frm_Login::Frm_Login() {
     layout->setColumnMinimumWidth(0, 170);
     layout->setColumnMinimumWidth(1, 220);
     setFixedSize(sizeHint());
-    move(screen()->availableGeometry().center() - rect().center());
+    centerOnScreen();
 }
 
 Frm_Login::~Frm_Login() = default;

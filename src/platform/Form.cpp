@@ -87,6 +87,10 @@ void Form::showWindow() {
     show();
 }
 
+void Form::centerOnScreen() {
+    move(screen()->availableGeometry().center() - rect().center());
+}
+
 void Form::Show() {
     if (m_unloaded)
         return;

@@ -53,6 +53,8 @@ public:
     // Runs Form_Unload; unless cancelled, hides the screen, ends its modal show and destroys it.
     void Unload();
     bool isUnloaded() const { return m_unloaded; }
+    // Places the screen in the middle of the screen's available area, at its present size.
+    void centerOnScreen();
 
     bool KeyPreview = false;
     // The buttons that Escape and Enter press, when the screen's handlers let the key through.

@@ -15,7 +15,6 @@
 #include <QApplication>
 #include <QFrame>
 #include <QLabel>
-#include <QScreen>
 #include <QVBoxLayout>
 
 namespace {
@@ -39,7 +38,7 @@ Frm_Splash::Frm_Splash() {
     // Not kept on top: the start's failure boxes come up over this screen and must stay visible.
     setWindowFlags(Qt::SplashScreen);
     resize(480, 300);
-    move(screen()->availableGeometry().center() - rect().center());
+    centerOnScreen();
 
     Ado_Inicializacao = new DataControl(QStringLiteral("Ado_Inicializacao"), this);
     Ado_Inicializacao->ConnectionTimeout = 15;

@@ -55,6 +55,7 @@ Frm_Consulta::Frm_Consulta(const char* nome, const QString& titulo, const QStrin
     tela->addLayout(topo);
     tela->addWidget(grade, 1);
     resize(760, 480);
+    centerOnScreen();
     setTabOrder(Text_filtro, grade);
     Text_filtro->setFocus();
 }

@@ -50,6 +50,7 @@ Frm_Detalhe::Frm_Detalhe() {
     grade->addWidget(Cmd_Sair, linha, 1, Qt::AlignRight);
     grade->setColumnStretch(1, 1);
     resize(460, 240);
+    centerOnScreen();
 }
 
 void Frm_Detalhe::Cmd_Sair_Click() {

@@ -55,6 +55,7 @@ Frm_Observacao::Frm_Observacao() {
     tela->addWidget(Text_Observacao, 1);
     tela->addLayout(botoes);
     resize(460, 240);
+    centerOnScreen();
     setTabOrder(Text_Observacao, Cmd_Gravar);
     setTabOrder(Cmd_Gravar, Cmd_Sair);
     Text_Observacao->setFocus();
