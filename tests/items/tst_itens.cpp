@@ -32,18 +32,10 @@ void digitar(Frm_Mesa& f, const QString& texto) {
 }
 } // namespace
 
-class TestItens : public QObject {
+class TestItens : public TesteNaMesa {
     Q_OBJECT
 
 private slots:
-    void init() {
-        m_env = std::make_unique<TestEnvironment>();
-        bancoDeTeste(*m_env);
-        idColaborador = 2;
-        imprimirItens = true;
-    }
-    void cleanup() { m_env.reset(); }
-
     // A quantity, a code and Enter store the item as the ledger writes it, list it and total it;
     // the entry is ready for the next item.
     void incluirPeloTeclado_data() {
@@ -233,9 +225,6 @@ private slots:
             QCOMPARE(coluna(f, 5), (QStringList{QStringLiteral("10,00"), QStringLiteral("20,00")}));
         });
     }
-
-private:
-    std::unique_ptr<TestEnvironment> m_env;
 };
 
 ZARVEL_TEST(TestItens)

@@ -2,6 +2,7 @@
 
 #include "startup/variaveisGlobais.h"
 #include "store/Comanda.h"
+#include "support/BancoDeTeste.h"
 #include "support/Support.h"
 #include "table/Frm_Mesa.h"
 
@@ -20,4 +21,14 @@ void naMesa(int mesa, const std::function<void(Frm_Mesa&)>& acao) {
             QTest::keyClick(&Frm_Mesa::instance(), Qt::Key_Escape);
     });
     Frm_Mesa::instance().ShowModal();
+}
+
+void TesteNaMesa::init() {
+    m_env = std::make_unique<TestEnvironment>();
+    bancoDeTeste(*m_env);
+    idColaborador = 2;
+}
+
+void TesteNaMesa::cleanup() {
+    m_env.reset();
 }

@@ -22,17 +22,10 @@ QStringList linhas(const DataGrid* grade, int coluna) {
 }
 } // namespace
 
-class TestConsultas : public QObject {
+class TestConsultas : public TesteNaMesa {
     Q_OBJECT
 
 private slots:
-    void init() {
-        m_env = std::make_unique<TestEnvironment>();
-        bancoDeTeste(*m_env);
-        idColaborador = 2;
-    }
-    void cleanup() { m_env.reset(); }
-
     // What the filter leaves in the grid, and what Enter then adds with the quantity typed before F1.
     void produtos_data() {
         QTest::addColumn<bool>("contem");
@@ -140,9 +133,6 @@ private slots:
             c.Unload();
         });
     }
-
-private:
-    std::unique_ptr<TestEnvironment> m_env;
 };
 
 ZARVEL_TEST(TestConsultas)

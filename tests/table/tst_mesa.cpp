@@ -15,17 +15,10 @@
 #include <QTest>
 #include <QTreeWidget>
 
-class TestMesa : public QObject {
+class TestMesa : public TesteNaMesa {
     Q_OBJECT
 
 private slots:
-    void init() {
-        m_env = std::make_unique<TestEnvironment>();
-        bancoDeTeste(*m_env);
-        idColaborador = 2;
-    }
-    void cleanup() { m_env.reset(); }
-
     void textos() {
         // A tab stamped by a terminal whose clock runs 30 s ahead.
         QCOMPARE(tempoDecorrido(testMoment(30)), QStringLiteral("-01h:59m"));
@@ -278,9 +271,6 @@ private slots:
         });
         QVERIFY(boxes().isEmpty());
     }
-
-private:
-    std::unique_ptr<TestEnvironment> m_env;
 };
 
 ZARVEL_TEST(TestMesa)
