@@ -9,29 +9,34 @@
 
 std::unique_ptr<Recordset::Data> Recordset::Data::fromQuery(SqlSession& session, QSqlQuery& query) {
     auto d = std::make_unique<Data>();
+    d->dialect = session.dialect();
     const QSqlRecord record = query.record();
     d->columns.resize(record.count());
+    QString table;
+    TableInfo info;
     for (int i = 0; i < record.count(); ++i) {
         const QSqlField field = record.field(i);
         Column& column = d->columns[i];
         column.name = field.name();
         // SQLite names the table a column comes from; its declared type says how to read it.
-        if (session.dialect() == Dialect::SQLite && !field.tableName().isEmpty())
-            column.kind =
-                session.tableInfo(field.tableName()).kinds.value(column.name.toLower(), ColumnKind::Plain);
+        if (d->dialect == Dialect::SQLite && !field.tableName().isEmpty()) {
+            if (field.tableName() != table) {
+                table = field.tableName();
+                info = session.tableInfo(table);
+            }
+            column.kind = info.kinds.value(column.name.toLower(), ColumnKind::Plain);
+        }
         if (!d->columnIndex.contains(column.name.toLower()))
             d->columnIndex.insert(column.name.toLower(), i);
     }
     const int count = d->columns.size();
     while (query.next()) {
         Row row;
-        row.values.resize(count);
         row.original.resize(count);
         for (int i = 0; i < count; ++i) {
-            const QVariant raw = query.value(i);
+            QVariant raw = query.value(i);
             if (!raw.isNull())
-                row.original[i] = raw;
-            row.values[i] = session.fromDatabase(raw, d->columns[i].kind);
+                row.original[i] = std::move(raw);
         }
         d->rows.append(std::move(row));
     }

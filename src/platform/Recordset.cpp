@@ -50,10 +50,9 @@ void reread(SqlSession& session, Data& d, Data::Row& row, const QString& table, 
                                {value}, false);
     if (!q.next())
         return;
-    for (int i = 0; i < d.columns.size(); ++i) {
+    for (int i = 0; i < d.columns.size(); ++i)
         row.original[i] = q.value(i).isNull() ? QVariant() : q.value(i);
-        row.values[i] = session.fromDatabase(row.original[i], d.columns[i].kind);
-    }
+    row.values.clear(); // as read: converted when asked for
 }
 
 void insertRow(SqlSession& session, Data& d, Data::Row& row, const QString& table, const TableInfo& info) {
@@ -218,7 +217,8 @@ int Recordset::FieldCount() const {
 
 QVariant Recordset::Field::Value() const {
     const int row = m_rs->currentRow();
-    return m_rs->d->rows.at(row).values.at(m_index);
+    const Data& data = *m_rs->d;
+    return data.value(data.rows.at(row), m_index);
 }
 
 void Recordset::Field::setValue(const QVariant& value) {
@@ -229,7 +229,7 @@ void Recordset::Field::setValue(const QVariant& value) {
         data.editing = current;
         data.changed.fill(false, data.columns.size());
     }
-    data.rows[current].values[m_index] = value.isNull() ? QVariant() : value;
+    data.values(data.rows[current])[m_index] = value.isNull() ? QVariant() : value;
     data.changed[m_index] = true;
 }
 
@@ -288,7 +288,7 @@ void Recordset::Find(const QString& criteria, int skipRecords, SearchDirection d
     const int step = direction == adSearchBackward ? -1 : 1;
     int position = data.position + step * skipRecords;
     while (position >= 0 && position < data.view.size() &&
-           !criterion.matches(data.rows[data.view[position]].values))
+           !criterion.matches(data.values(data.rows[data.view[position]])))
         position += step;
     data.position = qBound(-1, position, int(data.view.size()));
 }
@@ -305,7 +305,7 @@ void Recordset::setFilter(const QString& criteria) {
         const Criteria criterion(criteria, columnLookup());
         save(data);
         for (int i = 0; i < data.rows.size(); ++i)
-            if (criterion.matches(data.rows[i].values))
+            if (criterion.matches(data.values(data.rows[i])))
                 view << i;
     }
     data.view = view;
@@ -337,7 +337,7 @@ void Recordset::setAbsolutePosition(int position) {
 
 QVariant Recordset::valueAt(int position, int column) const {
     const Data& data = open();
-    return data.rows.at(data.view.at(position - 1)).values.at(column);
+    return data.value(data.rows.at(data.view.at(position - 1)), column);
 }
 
 void Recordset::setBookmark(const QVariant& bookmark) {

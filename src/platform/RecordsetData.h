@@ -15,15 +15,19 @@ struct Recordset::Data {
         ColumnKind kind = ColumnKind::Plain;
     };
     struct Row {
-        QVector<QVariant> values;   // as the program sees them, edits included
         QVector<QVariant> original; // as the database holds it, for the optimistic WHERE
-        bool added = false;         // AddNew'ed and not yet inserted
+        // As the program sees them, edits included. Empty while the row is as it was read: its
+        // values are then the originals, converted when asked for, so that rows nobody reads cost
+        // no conversion.
+        QVector<QVariant> values;
+        bool added = false; // AddNew'ed and not yet inserted
     };
 
     QString connectionString;
     int connectionTimeout = 15;
     int commandTimeout = 30;
     QString source; // the statement the rows came from; Update writes to its table
+    Dialect dialect = Dialect::SQLite;
 
     QVector<Column> columns;
     QHash<QString, int> columnIndex; // by lower-case name
@@ -33,6 +37,23 @@ struct Recordset::Data {
     QString filter;
     int editing = -1;      // the row with unsaved changes, always the current one
     QVector<bool> changed; // of the editing row, per column
+
+    // A value of a row as the program sees it.
+    QVariant value(const Row& row, int column) const {
+        return row.values.isEmpty() ? fromDatabase(dialect, row.original.at(column), columns.at(column).kind)
+                                    : row.values.at(column);
+    }
+    // The values of a row, converted once and kept from then on (to be edited or matched).
+    QVector<QVariant>& values(Row& row) const {
+        if (row.values.isEmpty()) {
+            QVector<QVariant> converted;
+            converted.reserve(columns.size());
+            for (int i = 0; i < columns.size(); ++i)
+                converted.append(fromDatabase(dialect, row.original.at(i), columns.at(i).kind));
+            row.values = std::move(converted);
+        }
+        return row.values;
+    }
 
     // Reads every row of an executed SELECT.
     static std::unique_ptr<Data> fromQuery(SqlSession& session, QSqlQuery& query);

@@ -450,10 +450,10 @@ QVariant SqlSession::toDatabase(const QVariant& value) const {
     }
 }
 
-QVariant SqlSession::fromDatabase(const QVariant& value, ColumnKind kind) const {
+QVariant fromDatabase(Dialect dialect, const QVariant& value, ColumnKind kind) {
     if (value.isNull())
         return QVariant();
-    if (m_dialect != Dialect::SQLite)
+    if (dialect != Dialect::SQLite)
         return value;
     switch (kind) {
     case ColumnKind::Bit:

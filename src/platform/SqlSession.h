@@ -39,9 +39,6 @@ public:
 
     // A value of the copy as it is bound for this dialect (never a Null: the layer writes NULL).
     QVariant toDatabase(const QVariant& value) const;
-    // A value read from the database as the copy holds it.
-    QVariant fromDatabase(const QVariant& value, ColumnKind kind) const;
-
     // Forgets what is known of every table (after DDL).
     void forgetTables();
 
@@ -55,6 +52,9 @@ private:
     int m_commandTimeout;
     Dialect m_dialect;
 };
+
+// A value read from the database as the copy holds it.
+QVariant fromDatabase(Dialect dialect, const QVariant& value, ColumnKind kind);
 
 // The error number of a failed statement or connection.
 int errorNumberOf(Dialect dialect, const class QSqlError& error);
