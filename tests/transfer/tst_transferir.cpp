@@ -1,20 +1,17 @@
 #include "map/Frm_Principal.h"
-#include "platform/Connection.h"
 #include "platform/VbText.h"
 #include "startup/variaveisGlobais.h"
-#include "store/Comanda.h"
 #include "support/BancoDeTeste.h"
 #include "support/Caixas.h"
 #include "support/TelaDaMesa.h"
-#include "support/TestDatabase.h"
 #include "support/TestMain.h"
 #include "table/Frm_Mesa.h"
 #include "table/Frm_Observacao.h"
 #include "transfer/Frm_Transferir.h"
+#include <QLabel>
 
 #include <QDeadlineTimer>
 #include <QDir>
-#include <QLabel>
 #include <QLineEdit>
 #include <QProcess>
 #include <QPushButton>
@@ -24,31 +21,20 @@
 #include <QTreeWidget>
 
 namespace {
-double valorDa(int id) {
-    return CDbl(
-        consultar(QStringLiteral("SELECT valor_total FROM Tb_Comandas WHERE id_comanda = %1").arg(id)));
-}
-
-QString statusDa(int id) {
-    return consultar(QStringLiteral("SELECT status FROM Tb_Comandas WHERE id_comanda = %1").arg(id))
-        .toString();
+// A column of a tab row, as a number.
+double daComanda(const char* coluna, int id) {
+    return CDbl(consultar(QStringLiteral("SELECT %1 FROM Tb_Comandas WHERE id_comanda = %2")
+                              .arg(QLatin1String(coluna))
+                              .arg(id)));
 }
 
 // n_item, status and impresso of a tab's rows in their order: "8:1:0 9:0:1".
 QString linhas(int idComanda) {
-    QStringList l;
-    Connection cn;
-    cn.Open(conexaoLocal);
-    Recordset rs = cn.Execute(
-        QStringLiteral("SELECT n_item, status, impresso, id_comanda_origem FROM Tb_Comandas_Itens WHERE "
-                       "id_comanda = %1 ORDER BY n_item, id_comanda_item")
-            .arg(idComanda));
-    for (; !rs.Eof(); rs.MoveNext())
-        l << QStringLiteral("%1:%2:%3")
-                 .arg(CInt(rs.Fields(0).Value()))
-                 .arg(CInt(rs.Fields(1).Value()))
-                 .arg(int(CBool(rs.Fields(2).Value())));
-    return l.join(QLatin1Char(' '));
+    return consultar(QStringLiteral("SELECT group_concat(n_item || ':' || status || ':' || impresso, ' ') "
+                                    "FROM (SELECT * FROM Tb_Comandas_Itens WHERE id_comanda = %1 ORDER BY "
+                                    "n_item, id_comanda_item)")
+                         .arg(idComanda))
+        .toString();
 }
 
 // What a refusal left selected in the destination field; "-" when the field was left without the
@@ -64,7 +50,8 @@ void digitarNaTransferencia(const QString& origem, const QString& destino) {
             QTest::keyClicks(f->Text_Origem, origem);
             f->Text_Destino->setFocus();
         }
-        QTest::keyClicks(f->Text_Destino, destino);
+        // A letter typed in the destination never reaches it.
+        QTest::keyClicks(f->Text_Destino, destino + QLatin1Char('x'));
         QTest::mouseClick(f->Cmd_Transferir, Qt::LeftButton);
         if (Form::isLoaded<Frm_Transferir>()) {
             selecaoDeixada =
@@ -111,39 +98,30 @@ private slots:
         QTest::addColumn<QString>("destino");
         QTest::addColumn<bool>("multiplos");
         QTest::addColumn<QString>("mensagem");
-        const QString igual = atencao(QStringLiteral("A mesa de destino é igual a mesa de origem!"));
-        const QString naoExiste = atencao(QStringLiteral("A mesa de destino não existe!"));
-        const QString semDireito = atencao(QStringLiteral("Você não pode executar essa ação!"));
-        const QString origem = atencao(QStringLiteral("Mesa de origem BLOQUEADA ou FECHADA!"));
-        const QString destino = atencao(QStringLiteral("Mesa de destino BLOQUEADA ou FECHADA!"));
-        const QString invalida = atencao(QStringLiteral("Mesa inválida"));
-        const QString feita = aviso(QStringLiteral("Tranferência realizada com sucesso!"));
-        QTest::newRow("igual, mesa que não existe") << "99"
-                                                    << "99" << false << igual;
-        QTest::newRow("além das mesas") << "3"
-                                        << "21" << false << naoExiste;
-        QTest::newRow("destino 0000") << "3"
-                                      << "0" << false << naoExiste;
-        QTest::newRow("origem de outro atendente") << "12"
-                                                   << "6" << false << semDireito;
-        QTest::newRow("destino de outro atendente") << "3"
-                                                    << "12" << false << semDireito;
-        QTest::newRow("origem 0000") << "0"
-                                     << "8" << false << origem;
-        QTest::newRow("origem livre") << "5"
-                                      << "8" << false << origem;
-        QTest::newRow("origem bloqueada") << "6"
-                                          << "8" << false << origem;
-        QTest::newRow("destino livre") << "3"
-                                       << "5" << false << destino;
-        QTest::newRow("destino bloqueado") << "3"
-                                           << "6" << false << destino;
-        QTest::newRow("destino além de 16 bits") << "3"
-                                                 << "40000" << false << invalida;
-        QTest::newRow("origem além de 16 bits") << "99999"
-                                                << "8" << false << invalida;
-        QTest::newRow("vários atendentes") << "12"
-                                           << "8" << true << feita;
+        const char* igual = "A mesa de destino é igual a mesa de origem!";
+        const char* naoExiste = "A mesa de destino não existe!";
+        const char* semDireito = "Você não pode executar essa ação!";
+        const char* origem = "Mesa de origem BLOQUEADA ou FECHADA!";
+        const char* destino = "Mesa de destino BLOQUEADA ou FECHADA!";
+        const char* casos[][4] = {
+            {"igual, mesa que não existe", "99", "99", igual},
+            {"além das mesas", "3", "21", naoExiste},
+            {"destino 0000", "3", "0", naoExiste},
+            {"origem de outro", "12", "6", semDireito},
+            {"destino de outro", "3", "12", semDireito},
+            {"origem 0000", "0", "8", origem},
+            {"origem livre", "5", "8", origem},
+            {"origem bloqueada", "6", "8", origem},
+            {"destino livre", "3", "5", destino},
+            {"destino bloqueado", "3", "6", destino},
+            {"destino de 17 bits", "3", "40000", "Mesa inválida"},
+            {"origem de 17 bits", "99999", "8", "Mesa inválida"},
+        };
+        for (const auto& c : casos)
+            QTest::newRow(c[0]) << c[1] << c[2] << false << atencao(QString::fromUtf8(c[3]));
+        QTest::newRow("vários atendentes")
+            << "12"
+            << "8" << true << aviso(QStringLiteral("Tranferência realizada com sucesso!"));
     }
     void validar() {
         QFETCH(QString, origem);
@@ -172,15 +150,12 @@ private slots:
         QCOMPARE(caixas(), QStringList{aviso(QStringLiteral("Tranferência realizada com sucesso!"))});
         QCOMPARE(linhas(m3), QString());
         QCOMPARE(linhas(m8), QStringLiteral("4:1:0 7:0:0 8:1:0 9:0:0 10:1:1"));
-        QCOMPARE(
-            consultar(
-                QStringLiteral("SELECT COUNT(*) FROM Tb_Comandas_Itens WHERE id_comanda_origem = %1").arg(m3))
-                .toInt(),
-            3);
-        QCOMPARE(valorDa(m3), 0.0);
-        QCOMPARE(statusDa(m3), QStringLiteral("1"));
-        QCOMPARE(valorDa(m8), 45.0);
-        QCOMPARE(statusDa(m8), QStringLiteral("4"));
+        QCOMPARE(consultar(QStringLiteral("SELECT SUM(id_comanda_origem) FROM Tb_Comandas_Itens")).toInt(),
+                 3 * m3 + 2 * m8 + m12);
+        QCOMPARE(daComanda("valor_total", m3), 0.0);
+        QCOMPARE(daComanda("status", m3), 1.0);
+        QCOMPARE(daComanda("valor_total", m8), 45.0);
+        QCOMPARE(daComanda("status", m8), 4.0);
     }
 
     // From the table screen: the selected rows go, the list and the labels show what stayed, and
@@ -226,7 +201,7 @@ private slots:
         // The pending item stays pending on its new tab.
         QCOMPARE(linhas(m3), move ? QStringLiteral("2:0:0 3:1:1") : QStringLiteral("1:1:0 2:0:0 3:1:1"));
         QCOMPARE(linhas(m8), move ? QStringLiteral("4:1:0 7:0:0 8:1:0") : QStringLiteral("4:1:0 7:0:0"));
-        QCOMPARE(valorDa(m8), move ? 15.0 : 0.0);
+        QCOMPARE(daComanda("valor_total", m8), move ? 15.0 : 0.0);
     }
 
     void itensRecusados_data() {
@@ -253,61 +228,21 @@ private slots:
         QCOMPARE(caixas(), QStringList{atencao(mensagem)});
     }
 
-    // The screen shown without a caller's preparation: a mode it does not know is refused twice and
-    // moves nothing; items with none selected close it at once.
+    // Shown without its caller's preparation: items with none selected close it at once; a mode it
+    // does not know is refused on showing and on moving, and moves nothing.
     void tipoDaTransferencia() {
-        comandaAtual = std::make_unique<Comanda>();
-        comandaAtual->apelido(3);
-        Frm_Mesa::instance();
-        Frm_Transferir::instance().ShowModal();
-        QCOMPARE(caixas(), QStringList{aviso(QStringLiteral("Não há itens selecionados"))});
-
-        clearBoxes();
-        Frm_Transferir::instance().tipo = 7;
-        Frm_Transferir::instance().Text_Origem->setText(QStringLiteral("0003"));
-        digitarNaTransferencia(QString(), QStringLiteral("8"));
-        Frm_Transferir::instance().ShowModal();
-        const QString invalido = atencao(QStringLiteral("Tipo de tranferência inválida!"));
-        QCOMPARE(caixas(), QStringList({invalido, invalido,
-                                        aviso(QStringLiteral("Tranferência realizada com sucesso!"))}));
-        QCOMPARE(linhas(m3), QStringLiteral("1:1:0 2:0:0 3:1:1"));
-    }
-
-    // Four digits as they are typed; the destination takes digits only, the source takes any key
-    // and gives back what is not a number.
-    void digitacao_data() {
-        QTest::addColumn<bool>("naOrigem");
-        QTest::addColumn<QString>("teclas");
-        QTest::addColumn<QString>("texto");
-        QTest::newRow("destino") << false << "1a2"
-                                 << "0012";
-        QTest::newRow("origem") << true << "1a2"
-                                << "0012";
-        QTest::newRow("além de quatro") << false << "12345"
-                                        << "12345";
-        QTest::newRow("origem apagada") << true << "\b"
-                                        << "0000";
-    }
-    void digitacao() {
-        QFETCH(bool, naOrigem);
-        QFETCH(QString, teclas);
-        QFETCH(QString, texto);
-        Frm_Transferir& f = Frm_Transferir::instance();
-        f.tipo = 1;
-        f.Text_Origem->setEnabled(true);
-        onNextModal<Frm_Transferir>([&](Frm_Transferir* t) {
-            QLineEdit* campo = naOrigem ? t->Text_Origem : t->Text_Destino;
-            campo->setFocus();
-            // One key at a time, as a person types: what the field sends itself comes first.
-            for (QChar c : teclas) {
-                QTest::keyClick(campo, c.toLatin1());
-                QCoreApplication::processEvents();
-            }
-            QTRY_COMPARE(campo->text(), texto);
-            QTest::keyClick(t, Qt::Key_Escape);
+        naMesa(3, [](Frm_Mesa&) {
+            Frm_Transferir::instance().ShowModal();
+            Frm_Transferir::instance().tipo = 7;
+            Frm_Transferir::instance().Text_Origem->setText(QStringLiteral("0003"));
+            digitarNaTransferencia(QString(), QStringLiteral("8"));
+            Frm_Transferir::instance().ShowModal();
         });
-        f.ShowModal();
-        QVERIFY(boxes().isEmpty());
+        const QString invalido = atencao(QStringLiteral("Tipo de tranferência inválida!"));
+        QCOMPARE(caixas(),
+                 QStringList({aviso(QStringLiteral("Não há itens selecionados")), invalido, invalido,
+                              aviso(QStringLiteral("Tranferência realizada com sucesso!"))}));
+        QCOMPARE(linhas(m8), QStringLiteral("4:1:0 7:0:0"));
     }
 
     // Two terminals empty a table each into table 8 at the same moment: every row arrives, though
