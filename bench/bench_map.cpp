@@ -1,5 +1,6 @@
 // One tick of the map (mesasRefresh) with 30 tables open among many closed tabs, against the bare
 // query it runs, on SQLite.
+#include "BancoDeBench.h"
 #include "BenchMain.h"
 #include "map/Frm_Principal.h"
 #include "platform/Application.h"
@@ -18,16 +19,6 @@
 namespace {
 const QString kConsulta = QStringLiteral("SELECT * FROM Tb_Comandas WHERE status <> 0");
 
-QTemporaryDir& pasta() {
-    static QTemporaryDir dir;
-    return dir;
-}
-
-void executar(QSqlQuery& q, const QString& sql) {
-    if (!q.exec(sql))
-        qFatal("%s: %s", qPrintable(sql), qPrintable(q.lastError().text()));
-}
-
 // A store with `fechadas` closed tabs and 30 open ones (idle ones when `ociosas`), made once per
 // size; returns its connection string.
 QString loja(int fechadas, bool ociosas) {
@@ -35,25 +26,26 @@ QString loja(int fechadas, bool ociosas) {
     const auto chave = std::make_pair(fechadas, ociosas);
     if (auto it = feitas.find(chave); it != feitas.end())
         return it->second;
-    const QString arquivo = pasta().filePath(QStringLiteral("loja-%1-%2.db").arg(fechadas).arg(ociosas));
+    const QString arquivo =
+        pastaDosBancos().filePath(QStringLiteral("loja-%1-%2.db").arg(fechadas).arg(ociosas));
     {
         QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("bench-setup"));
         db.setDatabaseName(arquivo);
         if (!db.open())
             qFatal("%s", qPrintable(db.lastError().text()));
         QSqlQuery q(db);
-        executar(q,
-                 QStringLiteral(
-                     "CREATE TABLE Tb_Comandas (id_comanda INTEGER PRIMARY KEY AUTOINCREMENT, "
-                     "data_criacao DATETIME NOT NULL, status TINYINT NOT NULL DEFAULT 0, mesa INT NOT NULL, "
-                     "id_colaborador NUMERIC(10,0) NOT NULL, id_cliente NUMERIC(10,0) NULL, "
-                     "identificacao NVARCHAR(255) NULL, servico BIT NOT NULL, valor_servico FLOAT NOT NULL, "
-                     "valor_total FLOAT NOT NULL, ocupantes TINYINT NOT NULL DEFAULT 1, "
-                     "data_ultima_movimentacao DATETIME NOT NULL, bloqueada BIT NOT NULL DEFAULT 0, "
-                     "cancelada BIT NOT NULL DEFAULT 0, quem_cancelou NUMERIC(10,0) NULL, "
-                     "data_cancelamento DATETIME NULL, motivo_cancelamento NVARCHAR(255) NULL, "
-                     "faturada BIT NOT NULL DEFAULT 0, documento_faturado NVARCHAR(255) NULL, "
-                     "data_faturamento DATETIME NULL)"));
+        executarOuParar(
+            q, QStringLiteral(
+                   "CREATE TABLE Tb_Comandas (id_comanda INTEGER PRIMARY KEY AUTOINCREMENT, "
+                   "data_criacao DATETIME NOT NULL, status TINYINT NOT NULL DEFAULT 0, mesa INT NOT NULL, "
+                   "id_colaborador NUMERIC(10,0) NOT NULL, id_cliente NUMERIC(10,0) NULL, "
+                   "identificacao NVARCHAR(255) NULL, servico BIT NOT NULL, valor_servico FLOAT NOT NULL, "
+                   "valor_total FLOAT NOT NULL, ocupantes TINYINT NOT NULL DEFAULT 1, "
+                   "data_ultima_movimentacao DATETIME NOT NULL, bloqueada BIT NOT NULL DEFAULT 0, "
+                   "cancelada BIT NOT NULL DEFAULT 0, quem_cancelou NUMERIC(10,0) NULL, "
+                   "data_cancelamento DATETIME NULL, motivo_cancelamento NVARCHAR(255) NULL, "
+                   "faturada BIT NOT NULL DEFAULT 0, documento_faturado NVARCHAR(255) NULL, "
+                   "data_faturamento DATETIME NULL)"));
         db.transaction();
         q.prepare(
             QStringLiteral("INSERT INTO Tb_Comandas (data_criacao, status, mesa, id_colaborador, "

@@ -3,6 +3,7 @@
 // shown) against the same statements run bare through QtSql; and the time from the map's
 // card_Click to the table screen ready for a code. On an empty tab and on a tab of 200 items.
 // MOSTRAR_SQL=1 prints what one Enter sends, which the bare run repeats.
+#include "BancoDeBench.h"
 #include "BenchMain.h"
 #include "backoffice/BackOffice.h"
 #include "backoffice/Demo.h"
@@ -28,52 +29,8 @@
 #include <map>
 
 namespace {
-QTemporaryDir& pasta() {
-    static QTemporaryDir dir;
-    return dir;
-}
-
 void fatal(const QSqlQuery& q) {
     qFatal("%s: %s", qPrintable(q.lastQuery()), qPrintable(q.lastError().text()));
-}
-
-// A demo database whose table 5 has an open tab with `itens` items; made once per size.
-QString demo(int itens) {
-    static std::map<int, QString> feitos;
-    if (auto it = feitos.find(itens); it != feitos.end())
-        return it->second;
-    const QString arquivo = pasta().filePath(QStringLiteral("demo-%1.db").arg(itens));
-    const QString conexao = adoConnectionString(arquivo);
-    createDemoDatabase(conexao);
-    {
-        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("bench-setup"));
-        db.setDatabaseName(arquivo);
-        db.open();
-        QSqlQuery q(db);
-        if (!q.exec(QStringLiteral(
-                "INSERT INTO Tb_Comandas (data_criacao, status, mesa, id_colaborador, servico, "
-                "valor_servico, valor_total, ocupantes, data_ultima_movimentacao) VALUES "
-                "('2024-03-05 11:00:00', 1, 5, 1, 1, 0, 0, 1, '2024-03-05 11:00:00')")))
-            fatal(q);
-        const QVariant id = q.lastInsertId();
-        db.transaction();
-        q.prepare(QStringLiteral(
-            "INSERT INTO Tb_Comandas_Itens (id_comanda, n_item, codigo, descricao, quantidade, "
-            "valor_unitario, valor_desconto, valor_acrescimo, quem_incluiu, data_inclusao, "
-            "status, valor_total, id_comanda_origem, impresso) VALUES (?, ?, 101, 'X-SALADA', "
-            "1, 18.5, 0, 0, 1, '2024-03-05 11:10:00', 1, 18.5, ?, 1)"));
-        for (int n = 1; n <= itens; ++n) {
-            q.addBindValue(id);
-            q.addBindValue(n);
-            q.addBindValue(id);
-            if (!q.exec())
-                fatal(q);
-        }
-        db.commit();
-    }
-    QSqlDatabase::removeDatabase(QStringLiteral("bench-setup"));
-    feitos[itens] = conexao;
-    return conexao;
 }
 
 void configurar(const QString& conexao) {
@@ -110,7 +67,7 @@ QSqlDatabase bruta(const QString& conexao, const QString& nome) {
 }
 
 void BM_enterNoCodigo(benchmark::State& state) {
-    const QString conexao = demo(static_cast<int>(state.range(0)));
+    const QString conexao = demoComItens(static_cast<int>(state.range(0)));
     configurar(conexao);
     comandaAtual = std::make_unique<Comanda>();
     comandaAtual->apelido(5);
@@ -136,7 +93,7 @@ void BM_enterNoCodigo(benchmark::State& state) {
 // The statements of one Enter, in the order the screen sends them, straight through QtSql on one
 // connection, every row of every SELECT read.
 void BM_enterComandosNus(benchmark::State& state) {
-    const QString conexao = demo(static_cast<int>(state.range(0)));
+    const QString conexao = demoComItens(static_cast<int>(state.range(0)));
     {
         QSqlDatabase db = bruta(conexao, QStringLiteral("bench-nua"));
         QSqlQuery q(db);
@@ -202,7 +159,7 @@ void BM_enterComandosNus(benchmark::State& state) {
 // From the map's card_Click (prompt answered) to the table screen up with its items listed,
 // left again with Escape; the tab goes back to occupied each time.
 void BM_abrirMesa(benchmark::State& state) {
-    configurar(demo(static_cast<int>(state.range(0))));
+    configurar(demoComItens(static_cast<int>(state.range(0))));
     Frm_Principal& mapa = Frm_Principal::instance();
     setMsgBoxHook([](const MsgBoxRecord&) { return vbYes; });
     for (auto _ : state) {

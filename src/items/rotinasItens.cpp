@@ -11,8 +11,10 @@
 #include "table/Frm_Mesa.h"
 #include "table/Frm_Observacao.h"
 #include "table/rotinasGerais.h"
+#include "transfer/Frm_Transferir.h"
 
 #include <QLabel>
+#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTreeWidget>
 
@@ -155,8 +157,10 @@ void adicionarItemLista(qint16 nItem) {
     tela.List_Itens->addTopLevelItem(linha);
     tela.setSmallIcon(linha, !imprimirItens || itemImpresso ? 1 : 2);
 
-    // Only for an item just typed in: the list is filled at load before the screen shows.
-    if (tela.isVisible() && exibirObservacao) {
+    // Only for an item just typed in: the list is filled at load before the screen shows, and again
+    // by a transfer while its screen is up.
+    const bool emTransferencia = Form::isLoaded<Frm_Transferir>() && Frm_Transferir::instance().isVisible();
+    if (!emTransferencia && tela.isVisible() && exibirObservacao) {
         linha->setSelected(true);
         abrirObservacao();
     } else {
@@ -190,5 +194,26 @@ void listarItens() {
 }
 
 void transferirItens() {
-    // Frm_Transferir opens here for the selected items (tipo 0) once the transfer screen exists.
+    const auto recusar = [](const QString& texto) { MsgBox(texto, vbCritical, QStringLiteral("Atenção")); };
+    if (!podeTransferirItem) {
+        recusar(QStringLiteral("Você não pode executar essa ação"));
+        return;
+    }
+    Frm_Mesa& mesa = Frm_Mesa::instance();
+    if (mesa.List_Itens->topLevelItemCount() == 0) {
+        recusar(QStringLiteral("Não há itens para serem transferidos!"));
+        return;
+    }
+    if (mesa.List_Itens->selectedItems().isEmpty()) {
+        recusar(QStringLiteral("Não há itens selecionados!"));
+        return;
+    }
+    Frm_Transferir& tela = Frm_Transferir::instance();
+    tela.tipo = 0;
+    tela.setWindowTitle(QStringLiteral("Transferência de itens"));
+    tela.Label_Operacao->setText(QStringLiteral("Transferência de itens"));
+    tela.Text_Origem->setText(Format(comandaAtual->apelido(), QStringLiteral("0000")));
+    tela.ShowModal();
+    // Moved or not, the labels show the tab as the object holds it now.
+    mesa.exibirTotais();
 }

@@ -27,5 +27,6 @@ void adicionarItemLista(qint16 nItem);
 // quantity. The list is not cleared first.
 void listarItens();
 
-// The selected items, or all of a tab's, to another open tab.
+// The selected items of the table screen to the open tab of another table, through Frm_Transferir;
+// the total labels are shown again afterwards, whether anything moved or not.
 void transferirItens();

@@ -7,13 +7,14 @@
 #include "platform/MsgBox.h"
 #include "platform/Process.h"
 #include "platform/RuntimeError.h"
-#include "platform/SendKeys.h"
 #include "platform/VbText.h"
 #include "startup/variaveisGlobais.h"
 #include "store/Comanda.h"
 #include "table/Frm_Mesa.h"
 #include "table/rotinasGerais.h"
+#include "transfer/Frm_Transferir.h"
 
+#include <QLabel>
 #include <QLineEdit>
 #include <QTreeWidget>
 
@@ -77,15 +78,7 @@ void Frm_Principal::Text_mesa_KeyPress(int& KeyAscii) {
 
 void Frm_Principal::Text_mesa_KeyUp(int& KeyCode, int Shift) {
     // The field is a shifting counter: each digit typed on "0000" pushes the others to the left.
-    if (!IsNumeric(Text_mesa->text())) {
-        KeyCode = 0;
-        SendKeys(QStringLiteral("{backspace}"));
-    } else {
-        Text_mesa->setText(Format(Text_mesa->text(), QStringLiteral("0000")));
-        Text_mesa->setCursorPosition(Text_mesa->text().size());
-    }
-    if (Text_mesa->text().isEmpty())
-        SendKeys(QStringLiteral("0"));
+    numeroDeMesaKeyUp(*Text_mesa, KeyCode);
 }
 
 void Frm_Principal::Text_mesa_LostFocus() {
@@ -138,8 +131,13 @@ void Frm_Principal::List_Menu_ItemClick(int item) {
 }
 
 void Frm_Principal::transferirMesa() {
-    // Frm_Transferir opens here for a whole table (tipo 1, captions "Transferência de mesa",
-    // Text_Origem enabled with "0000") once the transfer screen exists.
+    Frm_Transferir& tela = Frm_Transferir::instance();
+    tela.tipo = 1;
+    tela.setWindowTitle(QStringLiteral("Transferência de mesa"));
+    tela.Label_Operacao->setText(QStringLiteral("Transferência de mesa"));
+    tela.Text_Origem->setEnabled(true);
+    tela.Text_Origem->setText(QStringLiteral("0000"));
+    tela.ShowModal();
 }
 
 void Frm_Principal::Frame_Click(int Index) {

@@ -195,10 +195,7 @@ void Frm_Mesa::mnu_mesa_excluir_Click() {
             recusar(semDireito);
             return;
         }
-        QVector<qint16> ids;
-        for (int i = 0; i < List_Itens->topLevelItemCount(); ++i)
-            if (List_Itens->topLevelItem(i)->isSelected())
-                ids.append(CInt(Tag(List_Itens->topLevelItem(i))));
+        const QVector<qint16> ids = itensSelecionados();
         if (ids.isEmpty()) {
             recusar(QStringLiteral("Não há itens selecionados!"));
             return;

@@ -4,12 +4,14 @@
 #include "platform/Clock.h"
 #include "platform/Connection.h"
 #include "platform/DataControl.h"
+#include "platform/SendKeys.h"
 #include "platform/VbText.h"
 #include "startup/variaveisGlobais.h"
 #include "table/Frm_Mesa.h"
 #include "table/Frm_Produtos.h"
 
 #include <QLineEdit>
+#include <QTreeWidget>
 #include <cmath>
 
 namespace {
@@ -93,6 +95,27 @@ qint16 idComandaDaMesa(qint16 mesa) {
 qint16 ultimoItemDaComanda(qint16 idComanda) {
     return primeiroValor(QStringLiteral("SELECT MAX(n_item) FROM Tb_Comandas_Itens WHERE id_comanda = ") +
                          QString::number(idComanda));
+}
+
+QVector<qint16> itensSelecionados() {
+    const QTreeWidget& lista = *Frm_Mesa::instance().List_Itens;
+    QVector<qint16> itens;
+    for (int i = 0; i < lista.topLevelItemCount(); ++i)
+        if (lista.topLevelItem(i)->isSelected())
+            itens.append(CInt(Frm_Mesa::Tag(lista.topLevelItem(i))));
+    return itens;
+}
+
+void numeroDeMesaKeyUp(QLineEdit& campo, int& KeyCode) {
+    if (!IsNumeric(campo.text())) {
+        KeyCode = 0;
+        SendKeys(QStringLiteral("{backspace}"));
+    } else {
+        campo.setText(Format(campo.text(), QStringLiteral("0000")));
+        campo.setCursorPosition(campo.text().size());
+    }
+    if (campo.text().isEmpty())
+        SendKeys(QStringLiteral("0"));
 }
 
 bool localizaProduto(QString& texto) {

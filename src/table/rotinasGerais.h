@@ -2,6 +2,9 @@
 
 #include <QDateTime>
 #include <QString>
+#include <QVector>
+
+class QLineEdit;
 
 // Small lookups and formats that several screens share. They hold no state; each lookup is one
 // round trip, nothing is cached.
@@ -28,6 +31,14 @@ qint16 idComandaDaMesa(qint16 mesa);
 
 // The highest item number of a tab, whatever the item's status; 0 when it has none.
 qint16 ultimoItemDaComanda(qint16 idComanda);
+
+// The tags (id_comanda_item) of the selected rows of the table screen's List_Itens, first row
+// first, as 16-bit numbers; empty (unallocated) with none selected.
+QVector<qint16> itensSelecionados();
+
+// A table number field after each key: four digits with the caret at the end; a key that left it
+// no number is taken back, and an emptied field gets a zero, both typed as keys are.
+void numeroDeMesaKeyUp(QLineEdit& campo, int& KeyCode);
 
 // The product search behind a code typed on the table screen and the picker's filter. texto loses
 // its apostrophes and outer blanks in place. With the picker hidden, a match takes the first

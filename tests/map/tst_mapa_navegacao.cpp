@@ -9,6 +9,7 @@
 #include "support/Support.h"
 #include "support/TestMain.h"
 #include "table/Frm_Mesa.h"
+#include "transfer/Frm_Transferir.h"
 
 #include "platform/Timer.h"
 #include <QFrame>
@@ -200,8 +201,16 @@ private slots:
         QFETCH(QStringList, mensagens);
         Frm_Principal& mapa = mapaNaTela();
         digitarSenha(senha);
+        bool transferencia = false;
+        if (tecla == Qt::Key_F1 && mensagens.isEmpty())
+            onNextModal<Frm_Transferir>([&transferencia](Frm_Transferir* t) {
+                transferencia =
+                    t->windowTitle() == QStringLiteral("Transferência de mesa") && t->Text_Origem->hasFocus();
+                QTest::keyClick(t, Qt::Key_Escape);
+            });
         mapa.List_Menu->setFocus();
         QTest::keyClick(mapa.List_Menu, Qt::Key(tecla));
+        QCOMPARE(transferencia, tecla == Qt::Key_F1 && mensagens.isEmpty());
         QCOMPARE(caixas(), mensagens);
         QTRY_VERIFY(mapa.Text_mesa->hasFocus());
     }

@@ -18,7 +18,7 @@ void naMesa(int mesa, const std::function<void(Frm_Mesa&)>& acao);
 class TesteNaMesa : public QObject {
     Q_OBJECT
 
-private slots:
+protected slots:
     void init();
     void cleanup();
 
