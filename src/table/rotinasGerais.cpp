@@ -4,6 +4,7 @@
 #include "platform/Clock.h"
 #include "platform/Connection.h"
 #include "platform/DataControl.h"
+#include "platform/SendKeys.h"
 #include "platform/VbText.h"
 #include "startup/variaveisGlobais.h"
 #include "table/Frm_Mesa.h"
@@ -50,6 +51,21 @@ QString formataDecimal(const QString& texto, qint16 casas, double divisor) {
     const double quociente = CDbl(digitos) / divisor;
     // Through its text, so that the 15 digits of the quotient are what gets rounded.
     return FormatNumber(CStr(quociente), casas, -1);
+}
+
+void preencherDaDireita(QLineEdit* campo, int& KeyCode, qint16 casas, double divisor) {
+    if (!IsNumeric(campo->text())) {
+        KeyCode = 0;
+        SendKeys(QStringLiteral("{backspace}"));
+    } else {
+        const QString valor = formataDecimal(campo->text(), casas, divisor);
+        if (valor != campo->text()) {
+            campo->setText(valor);
+            campo->setCursorPosition(int(valor.size()));
+        }
+    }
+    if (campo->text().isEmpty())
+        SendKeys(QStringLiteral("0"));
 }
 
 bool podeMovimentarMesa(qint16 mesa) {
