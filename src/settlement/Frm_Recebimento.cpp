@@ -36,11 +36,6 @@ QStringList limitadas() {
 
 const QString moeda = QStringLiteral("#0.00");
 
-template <class T> T* controle(T* w, const char* name) {
-    w->setObjectName(QLatin1String(name));
-    return w;
-}
-
 // The tenders' images: a banknote, a purse, two cards (credit blue, debit orange) and PIX's
 // diamond.
 QIcon imagemDaFinalizadora(int imagem) {
@@ -100,7 +95,7 @@ QIcon imagemDaFinalizadora(int imagem) {
 }
 
 QLabel* rotulo(const QString& texto, const char* name, QWidget* parent) {
-    return controle(new QLabel(texto, parent), name);
+    return named(new QLabel(texto, parent), name);
 }
 } // namespace
 
@@ -111,7 +106,7 @@ Frm_Recebimento::Frm_Recebimento() {
 
     for (int imagem = 1; imagem <= 5; ++imagem)
         ImageListFinalizadoras.append(imagemDaFinalizadora(imagem));
-    List_Finalizadoras = controle(new QListWidget(this), "List_Finalizadoras");
+    List_Finalizadoras = named(new QListWidget(this), "List_Finalizadoras");
     List_Finalizadoras->setViewMode(QListView::IconMode);
     List_Finalizadoras->setFlow(QListView::LeftToRight);
     List_Finalizadoras->setMovement(QListView::Static);
@@ -135,11 +130,11 @@ Frm_Recebimento::Frm_Recebimento() {
     destaque.setPointSizeF(16);
     destaque.setBold(true);
     Label_Finalizadora->setFont(destaque);
-    Text_Valor = controle(new QLineEdit(QStringLiteral("0,00"), this), "Text_Valor");
+    Text_Valor = named(new QLineEdit(QStringLiteral("0,00"), this), "Text_Valor");
     Text_Valor->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     Text_Valor->setFont(destaque);
     Text_Valor->setMaxLength(18);
-    Cmd_Gravar = controle(new QPushButton(QStringLiteral("&Confirmar"), this), "Cmd_Gravar");
+    Cmd_Gravar = named(new QPushButton(QStringLiteral("&Confirmar"), this), "Cmd_Gravar");
     connect(Cmd_Gravar, &QPushButton::clicked, this, guarded([this] { Cmd_Gravar_Click(); }));
 
     Label_SubTotal = rotulo(QStringLiteral("Subtotal"), "Label_SubTotal", this);
@@ -160,7 +155,7 @@ Frm_Recebimento::Frm_Recebimento() {
     }
 
     // Disabled until it has a payment to show.
-    Dtg_Recebimentos = controle(new DataGrid(this), "Dtg_Recebimentos");
+    Dtg_Recebimentos = named(new DataGrid(this), "Dtg_Recebimentos");
     Dtg_Recebimentos->setColumns(
         {{QStringLiteral("FINALIZADORA"), QStringLiteral("finalizadora"), QString()},
          {QStringLiteral("VALOR"), QStringLiteral("valor_recebimento"), QStringLiteral("\"R$\" #.##0,00")},
@@ -173,7 +168,7 @@ Frm_Recebimento::Frm_Recebimento() {
             guarded([this](const QPoint& ponto) { Dtg_Recebimentos_ContextMenu(ponto); }));
     Ado_Recebimento = new DataControl(QStringLiteral("Ado_Recebimento"), this);
 
-    mnu_recebimentos = controle(new QMenu(QStringLiteral("Recebimentos"), this), "mnu_recebimentos");
+    mnu_recebimentos = named(new QMenu(QStringLiteral("Recebimentos"), this), "mnu_recebimentos");
     mnu_recebimentos_excluir = mnu_recebimentos->addAction(QStringLiteral("Excluir"));
     mnu_recebimentos_excluir->setObjectName(QStringLiteral("mnu_recebimentos_excluir"));
     connect(mnu_recebimentos_excluir, &QAction::triggered, this,
