@@ -8,6 +8,31 @@
 #include <QHeaderView>
 #include <QMouseEvent>
 
+namespace {
+// A column's format is written as the grid's designer saw it, in the locale's notation
+// ("R$" #.##0,00): its group point and decimal comma become Format's "," and ".". Quoted text and
+// an escaped character stay as they are.
+QString patternFromLocale(const QString& format) {
+    QString pattern;
+    bool quoted = false;
+    for (qsizetype i = 0; i < format.size(); ++i) {
+        QChar c = format[i];
+        if (c == u'"') {
+            quoted = !quoted;
+        } else if (c == u'\\' && !quoted && i + 1 < format.size()) {
+            pattern += c;
+            c = format[++i];
+        } else if (!quoted && c == groupSeparator()) {
+            c = u',';
+        } else if (!quoted && c == decimalSeparator()) {
+            c = u'.';
+        }
+        pattern += c;
+    }
+    return pattern;
+}
+} // namespace
+
 class RecordsetModel : public QAbstractTableModel {
 public:
     using QAbstractTableModel::QAbstractTableModel;
@@ -45,8 +70,11 @@ public:
         const QVariant value = recordset->valueAt(index.row() + 1, fieldIndex[index.column()]);
         if (IsNull(value))
             return QString();
+        // A text field shows as it is, whatever the column's format.
         const QString& format = columns[index.column()].format;
-        return format.isEmpty() ? CStr(value) : Format(value, format);
+        if (format.isEmpty() || value.typeId() == QMetaType::QString)
+            return CStr(value);
+        return Format(value, format);
     }
 
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
@@ -77,6 +105,8 @@ DataGrid::~DataGrid() = default;
 
 void DataGrid::setColumns(const QList<Column>& columns) {
     m_model->columns = columns;
+    for (Column& c : m_model->columns)
+        c.format = patternFromLocale(c.format);
     m_model->bind(m_model->recordset);
 }
 

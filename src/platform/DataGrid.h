@@ -8,7 +8,7 @@ class RecordsetModel;
 
 // The original's data grid: a grid bound to a recordset's client copy through a model, so that
 // filtering is the recordset's own and only the rows on screen are drawn. A click on a row makes
-// it the recordset's current row. Columns show fields by name with the Format patterns given.
+// it the recordset's current row. Columns show fields by name with the formats given.
 class DataGrid : public QTableView {
     Q_OBJECT
 
@@ -16,7 +16,9 @@ public:
     struct Column {
         QString caption;
         QString field;
-        QString format; // empty: the value's own text
+        // In the locale's notation ("R$" #.##0,00); empty: the value's own text. A text field
+        // shows as it is.
+        QString format;
     };
 
     explicit DataGrid(QWidget* parent = nullptr);

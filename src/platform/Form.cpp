@@ -173,6 +173,69 @@ const Form::ControlEvents* Form::eventsFor(QWidget* ctl) const {
     return it == m_events.cend() ? nullptr : &it.value();
 }
 
+namespace {
+// A key that types a character the codes below don't name: the key it sits on, as a US keyboard
+// reports it (Shift and 1 for "!", the letter's own key for an accented letter), so that a KeyUp
+// handler sees every character typed.
+int typedKeyCode(int key) {
+    switch (key) {
+    case Qt::Key_ParenRight:
+        return 48;
+    case Qt::Key_Exclam:
+        return 49;
+    case Qt::Key_At:
+        return 50;
+    case Qt::Key_NumberSign:
+        return 51;
+    case Qt::Key_Dollar:
+        return 52;
+    case Qt::Key_Percent:
+        return 53;
+    case Qt::Key_Ampersand:
+        return 55;
+    case Qt::Key_ParenLeft:
+        return 57;
+    case Qt::Key_Semicolon:
+    case Qt::Key_Colon:
+        return 186;
+    case Qt::Key_Equal:
+        return 187;
+    case Qt::Key_Less:
+        return 188;
+    case Qt::Key_Underscore:
+        return 189;
+    case Qt::Key_Greater:
+        return 190;
+    case Qt::Key_Question:
+        return 191;
+    case Qt::Key_QuoteLeft:
+    case Qt::Key_AsciiTilde:
+        return 192;
+    case Qt::Key_BracketLeft:
+    case Qt::Key_BraceLeft:
+        return 219;
+    case Qt::Key_Backslash:
+    case Qt::Key_Bar:
+        return 220;
+    case Qt::Key_BracketRight:
+    case Qt::Key_BraceRight:
+        return 221;
+    case Qt::Key_Apostrophe:
+    case Qt::Key_QuoteDbl:
+        return 222;
+    default:
+        break;
+    }
+    if (key >= Qt::Key_Agrave && key <= Qt::Key_ydiaeresis) {
+        const QString base = QChar(key).decomposition();
+        const QChar letra = base.isEmpty() ? QChar() : base.at(0).toUpper();
+        if (letra >= u'A' && letra <= u'Z')
+            return 65 + (letra.unicode() - u'A');
+    }
+    return 0;
+}
+} // namespace
+
 int Form::vbKeyCode(const QKeyEvent* e) {
     const int key = e->key();
     const bool keypad = e->modifiers() & Qt::KeypadModifier;
@@ -234,7 +297,7 @@ int Form::vbKeyCode(const QKeyEvent* e) {
     case Qt::Key_Comma:
         return 188;
     default:
-        return 0;
+        return typedKeyCode(key);
     }
 }
 

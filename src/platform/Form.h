@@ -146,3 +146,9 @@ private:
     bool m_unloaded = false;
     QEventLoop* m_modalLoop = nullptr;
 };
+
+// A control under its name, the one its screen's code and the tests know it by.
+template <class T> T* named(T* control, const char* name) {
+    control->setObjectName(QLatin1String(name));
+    return control;
+}

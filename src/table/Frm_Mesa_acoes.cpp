@@ -6,10 +6,11 @@
 #include "platform/DataControl.h"
 #include "platform/MsgBox.h"
 #include "platform/RuntimeError.h"
-#include "platform/SendKeys.h"
 #include "platform/Twips.h"
 #include "platform/VbText.h"
 #include "printing/rotinasImpressao.h"
+#include "settlement/Frm_Cancelamento.h"
+#include "settlement/Frm_Recebimento.h"
 #include "startup/variaveisGlobais.h"
 #include "store/Comanda.h"
 #include "table/Frm_Clientes.h"
@@ -105,7 +106,7 @@ void Frm_Mesa::List_Menu_ItemClick(QTreeWidgetItem* Item) {
             comanda.bloqueada(true);
         Unload();
     } else if (chave == QLatin1String("Receber")) {
-        // Frm_Recebimento is shown modally here once the payment screen exists.
+        Frm_Recebimento::instance().ShowModal();
         if (!comanda.bloqueada())
             Text_Codigo->setFocus();
     } else if (chave == QLatin1String("Cancelar")) {
@@ -113,8 +114,7 @@ void Frm_Mesa::List_Menu_ItemClick(QTreeWidgetItem* Item) {
             recusar(semDireito);
             return;
         }
-        // Frm_Cancelamento is shown modally here once the cancellation screen exists; it is what
-        // sets cancelada.
+        Frm_Cancelamento::instance().ShowModal();
         if (comanda.cancelada()) {
             comanda.status(0);
             Unload();
@@ -275,15 +275,7 @@ void Frm_Mesa::Text_Quantidade_GotFocus() {
 
 // The field fills from the right with its three decimals in place: 0,000, 0,002, 0,025, 0,250.
 void Frm_Mesa::Text_Quantidade_KeyUp(int& KeyCode, int Shift) {
-    if (!IsNumeric(Text_Quantidade->text())) {
-        KeyCode = 0;
-        SendKeys(QStringLiteral("{backspace}"));
-    } else {
-        Text_Quantidade->setText(formataDecimal(Text_Quantidade->text(), 3, 1000));
-        Text_Quantidade->setCursorPosition(Text_Quantidade->text().size());
-    }
-    if (Text_Quantidade->text().isEmpty())
-        SendKeys(QStringLiteral("0"));
+    preencherDaDireita(Text_Quantidade, KeyCode, 3, 1000);
 }
 
 void Frm_Mesa::List_Itens_KeyDown(int& KeyCode, int Shift) {

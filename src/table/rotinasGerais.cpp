@@ -54,6 +54,21 @@ QString formataDecimal(const QString& texto, qint16 casas, double divisor) {
     return FormatNumber(CStr(quociente), casas, -1);
 }
 
+void preencherDaDireita(QLineEdit* campo, int& KeyCode, qint16 casas, double divisor) {
+    if (!IsNumeric(campo->text())) {
+        KeyCode = 0;
+        SendKeys(QStringLiteral("{backspace}"));
+    } else {
+        const QString valor = formataDecimal(campo->text(), casas, divisor);
+        if (valor != campo->text()) {
+            campo->setText(valor);
+            campo->setCursorPosition(int(valor.size()));
+        }
+    }
+    if (campo->text().isEmpty())
+        SendKeys(QStringLiteral("0"));
+}
+
 bool podeMovimentarMesa(qint16 mesa) {
     Recordset& rs = consultarGeral(QStringLiteral("SELECT * FROM Tb_Comandas WHERE (mesa = ") +
                                    QString::number(mesa) + QStringLiteral(") AND (status <> 0)"));

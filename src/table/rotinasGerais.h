@@ -6,6 +6,8 @@
 
 class QLineEdit;
 
+class QLineEdit;
+
 // Small lookups and formats that several screens share. They hold no state; each lookup is one
 // round trip, nothing is cached.
 
@@ -15,6 +17,13 @@ QString tempoDecorrido(const QDateTime& data);
 // The next value of an entry field that fills from the right: the digits of texto, divided by
 // divisor, with casas decimals ("1,0005", 3, 1000 gives "10,005"). texto holds at least one digit.
 QString formataDecimal(const QString& texto, qint16 casas, double divisor);
+
+// The key-up of an entry field that fills from the right through formataDecimal: a key that leaves
+// the text not numeric is taken back with a backspace, a numeric text is formatted with the caret
+// at the end, and an emptied field gets a "0". A key that changes nothing (a function key, an
+// arrow) leaves the field and its selection as they are, so the digits typed after F1 on the
+// payment screen replace the value the key selected.
+void preencherDaDireita(QLineEdit* campo, int& KeyCode, qint16 casas, double divisor);
 
 // Whether idColaborador may work on table mesa: it is free, or its open tab is theirs.
 bool podeMovimentarMesa(qint16 mesa);

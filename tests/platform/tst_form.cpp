@@ -93,6 +93,10 @@ private slots:
         QTest::newRow("digit 7") << int(Qt::Key_7) << 0 << 55;
         QTest::newRow("keypad 7") << int(Qt::Key_7) << int(Qt::KeypadModifier) << 103;
         QTest::newRow("keypad plus") << int(Qt::Key_Plus) << int(Qt::KeypadModifier) << 107;
+        // Every key that types a character has its code, so a KeyUp handler sees it.
+        QTest::newRow("exclamation") << int(Qt::Key_Exclam) << int(Qt::ShiftModifier) << 49;
+        QTest::newRow("Ã") << int(Qt::Key_Atilde) << 0 << 65;
+        QTest::newRow("Ç") << int(Qt::Key_Ccedilla) << 0 << 67;
     }
     void keyCodes() {
         QFETCH(int, key);

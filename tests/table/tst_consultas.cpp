@@ -123,6 +123,18 @@ private slots:
                                                         : 1);
     }
 
+    // The columns' formats in the locale's notation: money with its group point and decimal comma;
+    // a text column keeps its text though it reads as a number.
+    void formatosDasGrades() {
+        executar(QStringLiteral("INSERT INTO PRODUTOS (CODIGO, DESCRICAO, UN, PRECO, DEP) VALUES "
+                                "(20, 'VINHO', 'GF', 1234.5, 2)"));
+        executar(QStringLiteral("INSERT INTO TB_ESTOQUE (CODIGO, QD) VALUES (20, 1)"));
+        executar(QStringLiteral("UPDATE CLIENTES SET IE = '110.042.490.114' WHERE ID_CODIGO = 1"));
+        QCOMPARE(linhas(Frm_Produtos::instance().Dtg_Produtos, 3),
+                 QStringList({"R$ 18,50", "R$ 7,00", "R$ 25,90", "R$ 1.234,50"}));
+        QCOMPARE(linhas(Frm_Clientes::instance().Dtg_Clientes, 3), QStringList({"110.042.490.114", ""}));
+    }
+
     // Customer codes are 16-bit on the screen: one past that fails at confirmation.
     void clienteDeCodigoGrande() {
         executar(QStringLiteral("INSERT INTO CLIENTES (ID_CODIGO, NOME) VALUES (40000, 'ZECA')"));

@@ -1,3 +1,4 @@
+#include "settlement/Frm_Recebimento.h"
 #include "startup/variaveisGlobais.h"
 #include "store/Comanda.h"
 #include "support/BancoDeTeste.h"
@@ -80,6 +81,8 @@ private slots:
             durante =
                 consultar(QStringLiteral("SELECT status FROM Tb_Comandas WHERE id_comanda = %1").arg(id));
             f.Text_Identificacao->setText(QStringLiteral("  janela "));
+            if (tecla == Qt::Key_F5)
+                onNextModal<Frm_Recebimento>([](Frm_Recebimento* r) { QTest::keyClick(r, Qt::Key_Escape); });
             QTest::keyClick(&f, Qt::Key(tecla), Qt::KeyboardModifiers(modificadores));
             depoisDaTecla = consultar(identificacao);
             aberta = Form::isLoaded<Frm_Mesa>();
