@@ -278,15 +278,7 @@ void Frm_Mesa::Text_Quantidade_GotFocus() {
 
 // The field fills from the right with its three decimals in place: 0,000, 0,002, 0,025, 0,250.
 void Frm_Mesa::Text_Quantidade_KeyUp(int& KeyCode, int Shift) {
-    if (!IsNumeric(Text_Quantidade->text())) {
-        KeyCode = 0;
-        SendKeys(QStringLiteral("{backspace}"));
-    } else {
-        Text_Quantidade->setText(formataDecimal(Text_Quantidade->text(), 3, 1000));
-        Text_Quantidade->setCursorPosition(Text_Quantidade->text().size());
-    }
-    if (Text_Quantidade->text().isEmpty())
-        SendKeys(QStringLiteral("0"));
+    preencheDaDireita(*Text_Quantidade, KeyCode, 3, 1000);
 }
 
 void Frm_Mesa::List_Itens_KeyDown(int& KeyCode, int Shift) {

@@ -4,6 +4,7 @@
 #include "platform/Clock.h"
 #include "platform/Connection.h"
 #include "platform/DataControl.h"
+#include "platform/SendKeys.h"
 #include "platform/VbText.h"
 #include "startup/variaveisGlobais.h"
 #include "table/Frm_Mesa.h"
@@ -20,8 +21,8 @@ Recordset& consultarGeral(const QString& sql) {
     ado.Refresh();
     return ado.Recordset();
 }
+} // namespace
 
-// The first field of the first row on a connection of its own; 0 for no row or Null.
 qint16 primeiroValor(const QString& sql) {
     Connection cn;
     cn.Open(conexaoLocal);
@@ -31,7 +32,6 @@ qint16 primeiroValor(const QString& sql) {
     const QVariant valor = rs.Fields(0).Value();
     return IsNull(valor) ? 0 : CInt(valor);
 }
-} // namespace
 
 QString tempoDecorrido(const QDateTime& data) {
     const double segundos = double(DateDiff(QStringLiteral("s"), data, agora()));
@@ -50,6 +50,18 @@ QString formataDecimal(const QString& texto, qint16 casas, double divisor) {
     const double quociente = CDbl(digitos) / divisor;
     // Through its text, so that the 15 digits of the quotient are what gets rounded.
     return FormatNumber(CStr(quociente), casas, -1);
+}
+
+void preencheDaDireita(QLineEdit& campo, int& KeyCode, qint16 casas, double divisor) {
+    if (!IsNumeric(campo.text())) {
+        KeyCode = 0;
+        SendKeys(QStringLiteral("{backspace}"));
+    } else {
+        campo.setText(formataDecimal(campo.text(), casas, divisor));
+        campo.setCursorPosition(campo.text().size());
+    }
+    if (campo.text().isEmpty())
+        SendKeys(QStringLiteral("0"));
 }
 
 bool podeMovimentarMesa(qint16 mesa) {

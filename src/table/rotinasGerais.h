@@ -3,6 +3,8 @@
 #include <QDateTime>
 #include <QString>
 
+class QLineEdit;
+
 // Small lookups and formats that several screens share. They hold no state; each lookup is one
 // round trip, nothing is cached.
 
@@ -12,6 +14,11 @@ QString tempoDecorrido(const QDateTime& data);
 // The next value of an entry field that fills from the right: the digits of texto, divided by
 // divisor, with casas decimals ("1,0005", 3, 1000 gives "10,005"). texto holds at least one digit.
 QString formataDecimal(const QString& texto, qint16 casas, double divisor);
+
+// The key-up of a decimal entry field that fills from the right: what isn't a number is taken back
+// with a backspace, a number becomes formataDecimal of itself with the caret at the end, and an
+// emptied field is given a "0". The keys go through the keyboard, so they come back here.
+void preencheDaDireita(QLineEdit& campo, int& KeyCode, qint16 casas, double divisor);
 
 // Whether idColaborador may work on table mesa: it is free, or its open tab is theirs.
 bool podeMovimentarMesa(qint16 mesa);
@@ -25,6 +32,9 @@ double truncaDecimais(double valor, qint16 casas);
 
 // The open and unblocked tab of table mesa, 0 when there is none.
 qint16 idComandaDaMesa(qint16 mesa);
+
+// The first field of the first row of a query, on a connection of its own; 0 for no row or Null.
+qint16 primeiroValor(const QString& sql);
 
 // The highest item number of a tab, whatever the item's status; 0 when it has none.
 qint16 ultimoItemDaComanda(qint16 idComanda);
