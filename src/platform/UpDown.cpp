@@ -28,6 +28,8 @@ int UpDown::numeroDoBuddy() const {
 }
 
 void UpDown::stepBy(int steps) {
+    if (steps == 0)
+        return;
     const int proximo = std::clamp(numeroDoBuddy() + steps * singleStep(), minimum(), maximum());
     setValue(proximo);
     // The position may not have moved (the buddy was below the range): the buddy shows it anyway.

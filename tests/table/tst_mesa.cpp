@@ -1,3 +1,4 @@
+#include "access/Frm_Ajuda.h"
 #include "startup/variaveisGlobais.h"
 #include "store/Comanda.h"
 #include "support/BancoDeTeste.h"
@@ -80,6 +81,8 @@ private slots:
             durante =
                 consultar(QStringLiteral("SELECT status FROM Tb_Comandas WHERE id_comanda = %1").arg(id));
             f.Text_Identificacao->setText(QStringLiteral("  janela "));
+            if (tecla == Qt::Key_F7)
+                onNextModal<Frm_Ajuda>([](Frm_Ajuda* ajuda) { QTest::keyClick(ajuda, Qt::Key_Escape); });
             QTest::keyClick(&f, Qt::Key(tecla), Qt::KeyboardModifiers(modificadores));
             depoisDaTecla = consultar(identificacao);
             aberta = Form::isLoaded<Frm_Mesa>();
