@@ -1,4 +1,5 @@
 #include "access/Frm_Acesso.h"
+#include "access/Frm_Configuracao.h"
 #include "map/Frm_Principal.h"
 #include "map/Mesa.h"
 #include "platform/Connection.h"
@@ -200,8 +201,16 @@ private slots:
         QFETCH(QStringList, mensagens);
         Frm_Principal& mapa = mapaNaTela();
         digitarSenha(senha);
+        const bool abreAjustes = tecla == Qt::Key_F2 && mensagens.isEmpty();
+        bool ajustes = false;
+        if (abreAjustes)
+            onNextModal<Frm_Configuracao>([&ajustes](Frm_Configuracao* f) {
+                ajustes = true;
+                QTest::keyClick(f, Qt::Key_Escape);
+            });
         mapa.List_Menu->setFocus();
         QTest::keyClick(mapa.List_Menu, Qt::Key(tecla));
+        QCOMPARE(ajustes, abreAjustes);
         QCOMPARE(caixas(), mensagens);
         QTRY_VERIFY(mapa.Text_mesa->hasFocus());
     }
