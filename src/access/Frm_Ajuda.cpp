@@ -1,5 +1,6 @@
 #include "access/Frm_Ajuda.h"
 
+#include "access/telaDeOperacao.h"
 #include "table/Frm_Mesa.h"
 
 #include <QFrame>
@@ -78,21 +79,8 @@ QGridLayout* lista(QWidget* pai, QLabel* titulo, const Linha* linhas, int n, con
 } // namespace
 
 Frm_Ajuda::Frm_Ajuda() {
-    setObjectName(QStringLiteral("Frm_Ajuda"));
-    setWindowTitle(QStringLiteral("Ajuda"));
-    setWindowFlags(Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
-    KeyPreview = true;
-    QFont fonte(QStringLiteral("Segoe UI"));
-    fonte.setPointSizeF(9.75);
-    setFont(fonte);
-
-    Label_Operacao = rotulo(this, "Label_Operacao", QStringLiteral("Ajuda"));
-    QFont titulo = font();
-    titulo.setPointSizeF(18);
-    titulo.setBold(true);
-    Label_Operacao->setFont(titulo);
-    Image1 = rotulo(this, "Image1");
-    Image1->setPixmap(style()->standardIcon(QStyle::SP_DialogHelpButton).pixmap(48, 48));
+    QHBoxLayout* cabecalho = montarTelaDeOperacao(*this, "Frm_Ajuda", QStringLiteral("Ajuda"),
+                                                  QStyle::SP_DialogHelpButton, Label_Operacao, Image1);
 
     Label_Teclas = rotulo(this, "Label_Teclas", QStringLiteral("Teclas e Funções"));
     QGridLayout* listaDeTeclas = lista(this, Label_Teclas, teclas, int(std::size(teclas)), "Label_Tecla",
@@ -115,10 +103,6 @@ Frm_Ajuda::Frm_Ajuda() {
         QStringLiteral("Os usuários precisam de permissão prévia para executar as ações marcadas com *"));
     Label_Nota->setWordWrap(true);
     Label_Nota->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-
-    auto* cabecalho = new QHBoxLayout;
-    cabecalho->addWidget(Image1);
-    cabecalho->addWidget(Label_Operacao, 1);
 
     auto* legenda = new QGridLayout;
     legenda->addWidget(Image2, 0, 0);

@@ -1,5 +1,6 @@
 #include "access/Frm_Configuracao.h"
 
+#include "access/telaDeOperacao.h"
 #include "map/Frm_Principal.h"
 #include "platform/DataControl.h"
 #include "platform/MsgBox.h"
@@ -74,21 +75,8 @@ void linha(QGridLayout* grade, int r, QLabel* legenda, std::initializer_list<QWi
 } // namespace
 
 Frm_Configuracao::Frm_Configuracao() {
-    setObjectName(QStringLiteral("Frm_Configuracao"));
-    setWindowTitle(QStringLiteral("Ajustes"));
-    setWindowFlags(Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
-    KeyPreview = true;
-    QFont fonte(QStringLiteral("Segoe UI"));
-    fonte.setPointSizeF(9.75);
-    setFont(fonte);
-
-    Label_Operacao = rotulo(this, "Label_Operacao", QStringLiteral("Ajustes"));
-    QFont titulo = font();
-    titulo.setPointSizeF(18);
-    titulo.setBold(true);
-    Label_Operacao->setFont(titulo);
-    Image1 = rotulo(this, "Image1");
-    Image1->setPixmap(style()->standardIcon(QStyle::SP_FileDialogDetailedView).pixmap(48, 48));
+    QHBoxLayout* cabecalho = montarTelaDeOperacao(*this, "Frm_Configuracao", QStringLiteral("Ajustes"),
+                                                  QStyle::SP_FileDialogDetailedView, Label_Operacao, Image1);
 
     Frame1 = controle(new QGroupBox(QStringLiteral("Conexão"), this), "Frame1");
     Label1 = rotulo(Frame1, "Label1", QStringLiteral("Servidor"));
@@ -160,9 +148,6 @@ Frm_Configuracao::Frm_Configuracao() {
 
     Label2 = rotulo(this, "Label2", QStringLiteral("* Configurações globais"));
 
-    auto* cabecalho = new QHBoxLayout;
-    cabecalho->addWidget(Image1);
-    cabecalho->addWidget(Label_Operacao, 1);
     auto* tela = new QVBoxLayout(this);
     tela->setContentsMargins(18, 12, 18, 14);
     tela->addLayout(cabecalho);
