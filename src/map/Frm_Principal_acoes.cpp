@@ -2,6 +2,7 @@
 #include "map/Frm_Principal.h"
 
 #include "access/Frm_Acesso.h"
+#include "access/Frm_Configuracao.h"
 #include "map/Mesa.h"
 #include "platform/DataControl.h"
 #include "platform/MsgBox.h"
@@ -110,8 +111,7 @@ void Frm_Principal::List_Menu_ItemClick(int item) {
             opcaoProtegida(podeTransferirMesa, [this] { transferirMesa(); });
             break;
         case 2:
-            // Frm_Configuracao is shown modally here once the settings screen exists.
-            opcaoProtegida(podeConfigurar, [] {});
+            opcaoProtegida(podeConfigurar, [] { Frm_Configuracao::instance().ShowModal(); });
             break;
         case 3:
             if (MsgBox(QStringLiteral("Deseja realmente sair?"), vbYesNo | vbQuestion,

@@ -4,6 +4,7 @@
 #include "platform/Application.h"
 #include "platform/DataControl.h"
 #include "platform/Twips.h"
+#include "platform/UpDown.h"
 #include "platform/VbText.h"
 #include "startup/variaveisGlobais.h"
 #include "store/Comanda.h"
@@ -19,7 +20,6 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QSpinBox>
 #include <QStyle>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -41,7 +41,9 @@ QLineEdit* somenteLeitura(const char* name, QWidget* parent) {
     return t;
 }
 
-// The item marks: a green tick for a printed item, an amber clock for one waiting for the printer.
+} // namespace
+
+// A green tick for a printed item, an amber clock for one waiting for the printer.
 QIcon marcaDoItem(bool impresso) {
     QPixmap pixmap(16, 16);
     pixmap.fill(Qt::transparent);
@@ -59,6 +61,8 @@ QIcon marcaDoItem(bool impresso) {
     }
     return QIcon(pixmap);
 }
+
+namespace {
 
 // The strip's entries: key (also the text), image of ImageListMenu, tool tip.
 struct Entrada {
@@ -113,11 +117,10 @@ Frm_Mesa::Frm_Mesa() {
     Text_Ocupantes->setReadOnly(true);
     Text_Ocupantes->setAlignment(Qt::AlignCenter);
     Text_Ocupantes->setMaximumWidth(60);
-    UpDown_Ocupantes = controle(new QSpinBox(Frame_Mesa), "UpDown_Ocupantes");
-    UpDown_Ocupantes->setRange(1, 100);
-    UpDown_Ocupantes->setSingleStep(1);
-    UpDown_Ocupantes->setFocusPolicy(Qt::NoFocus);
-    UpDown_Ocupantes->setFixedWidth(20); // the arrows only: its buddy shows the number
+    auto* upDown = controle(new UpDown(Frame_Mesa), "UpDown_Ocupantes");
+    upDown->setRange(1, 100);
+    upDown->setBuddyControl(Text_Ocupantes);
+    UpDown_Ocupantes = upDown;
     Label_Tempo = rotulo(QStringLiteral("Consumindo à:"), "Label_Tempo", Frame_Mesa);
     Text_Tempo = somenteLeitura("Text_Tempo", Frame_Mesa);
     Text_Tempo->setText(QStringLiteral("00h:00m"));
@@ -276,15 +279,6 @@ Frm_Mesa::Frm_Mesa() {
     onKeyUp(Text_Quantidade, &Frm_Mesa::Text_Quantidade_KeyUp);
     onKeyDown(List_Itens, &Frm_Mesa::List_Itens_KeyDown);
     onMouseDown(List_Itens, &Frm_Mesa::List_Itens_MouseDown);
-
-    // The spin control moves its buddy; the buddy's own changes (Ctrl + and Ctrl -) show on it
-    // within its range.
-    connect(UpDown_Ocupantes, &QSpinBox::valueChanged, this,
-            [this](int v) { Text_Ocupantes->setText(QString::number(v)); });
-    connect(Text_Ocupantes, &QLineEdit::textChanged, this, [this](const QString& texto) {
-        const QSignalBlocker bloqueio(UpDown_Ocupantes);
-        UpDown_Ocupantes->setValue(IsNumeric(texto) ? int(std::clamp(CDbl(texto), 1.0, 100.0)) : 1);
-    });
 
     Text_Codigo->setFocus();
 }

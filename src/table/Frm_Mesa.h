@@ -118,3 +118,7 @@ private:
 
 // Strikes a control's caption through, or takes the strike off.
 void riscar(QWidget* w, bool riscado);
+
+// The marks of the item list: impresso for an item that went to its printer, otherwise one waiting
+// for it (or for a reprint). The help sheet shows them too.
+QIcon marcaDoItem(bool impresso);

@@ -2,6 +2,7 @@
 // and the code and quantity entry.
 #include "table/Frm_Mesa.h"
 
+#include "access/Frm_Ajuda.h"
 #include "items/rotinasItens.h"
 #include "platform/DataControl.h"
 #include "platform/MsgBox.h"
@@ -120,7 +121,7 @@ void Frm_Mesa::List_Menu_ItemClick(QTreeWidgetItem* Item) {
             Unload();
         }
     } else if (chave == QLatin1String("Ajuda")) {
-        // Frm_Ajuda is shown modally here once the help sheet exists.
+        Frm_Ajuda::instance().ShowModal();
         Text_Codigo->setFocus();
     } else if (chave == QLatin1String("Enviar")) {
         // Save, print, release, close: the header is saved above and the items are in the store.

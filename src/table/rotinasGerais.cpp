@@ -22,8 +22,8 @@ Recordset& consultarGeral(const QString& sql) {
     ado.Refresh();
     return ado.Recordset();
 }
+} // namespace
 
-// The first field of the first row on a connection of its own; 0 for no row or Null.
 qint16 primeiroValor(const QString& sql) {
     Connection cn;
     cn.Open(conexaoLocal);
@@ -33,7 +33,6 @@ qint16 primeiroValor(const QString& sql) {
     const QVariant valor = rs.Fields(0).Value();
     return IsNull(valor) ? 0 : CInt(valor);
 }
-} // namespace
 
 QString tempoDecorrido(const QDateTime& data) {
     const double segundos = double(DateDiff(QStringLiteral("s"), data, agora()));

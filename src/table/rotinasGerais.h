@@ -6,8 +6,6 @@
 
 class QLineEdit;
 
-class QLineEdit;
-
 // Small lookups and formats that several screens share. They hold no state; each lookup is one
 // round trip, nothing is cached.
 
@@ -37,6 +35,9 @@ double truncaDecimais(double valor, qint16 casas);
 
 // The open and unblocked tab of table mesa, 0 when there is none.
 qint16 idComandaDaMesa(qint16 mesa);
+
+// The first field of the first row of a query, on a connection of its own; 0 for no row or Null.
+qint16 primeiroValor(const QString& sql);
 
 // The highest item number of a tab, whatever the item's status; 0 when it has none.
 qint16 ultimoItemDaComanda(qint16 idComanda);

@@ -1,4 +1,5 @@
 #include "access/Frm_Acesso.h"
+#include "access/Frm_Configuracao.h"
 #include "map/Frm_Principal.h"
 #include "map/Mesa.h"
 #include "platform/Connection.h"
@@ -208,9 +209,17 @@ private slots:
                     t->windowTitle() == QStringLiteral("Transferência de mesa") && t->Text_Origem->hasFocus();
                 QTest::keyClick(t, Qt::Key_Escape);
             });
+        const bool abreAjustes = tecla == Qt::Key_F2 && mensagens.isEmpty();
+        bool ajustes = false;
+        if (abreAjustes)
+            onNextModal<Frm_Configuracao>([&ajustes](Frm_Configuracao* f) {
+                ajustes = true;
+                QTest::keyClick(f, Qt::Key_Escape);
+            });
         mapa.List_Menu->setFocus();
         QTest::keyClick(mapa.List_Menu, Qt::Key(tecla));
         QCOMPARE(transferencia, tecla == Qt::Key_F1 && mensagens.isEmpty());
+        QCOMPARE(ajustes, abreAjustes);
         QCOMPARE(caixas(), mensagens);
         QTRY_VERIFY(mapa.Text_mesa->hasFocus());
     }

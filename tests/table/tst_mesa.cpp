@@ -1,3 +1,4 @@
+#include "access/Frm_Ajuda.h"
 #include "settlement/Frm_Recebimento.h"
 #include "startup/variaveisGlobais.h"
 #include "store/Comanda.h"
@@ -83,6 +84,8 @@ private slots:
             f.Text_Identificacao->setText(QStringLiteral("  janela "));
             if (tecla == Qt::Key_F5)
                 onNextModal<Frm_Recebimento>([](Frm_Recebimento* r) { QTest::keyClick(r, Qt::Key_Escape); });
+            else if (tecla == Qt::Key_F7)
+                onNextModal<Frm_Ajuda>([](Frm_Ajuda* ajuda) { QTest::keyClick(ajuda, Qt::Key_Escape); });
             QTest::keyClick(&f, Qt::Key(tecla), Qt::KeyboardModifiers(modificadores));
             depoisDaTecla = consultar(identificacao);
             aberta = Form::isLoaded<Frm_Mesa>();
