@@ -18,8 +18,9 @@ std::unique_ptr<Recordset::Data> Recordset::Data::fromQuery(SqlSession& session,
         const QSqlField field = record.field(i);
         Column& column = d->columns[i];
         column.name = field.name();
-        // SQLite names the table a column comes from; its declared type says how to read it.
-        if (d->dialect == Dialect::SQLite && !field.tableName().isEmpty()) {
+        // SQLite and PostgreSQL name the table a column comes from; its declared type says how to
+        // read it.
+        if (d->dialect != Dialect::SqlServer && !field.tableName().isEmpty()) {
             if (field.tableName() != table) {
                 table = field.tableName();
                 info = session.tableInfo(table);

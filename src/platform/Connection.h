@@ -7,12 +7,24 @@
 #include <functional>
 
 // The SQL dialect behind a connection string.
-enum class Dialect { SqlServer, SQLite };
+enum class Dialect { SqlServer, SQLite, PostgreSQL };
 
 // The ADO-style connection string of the start-up ("Provider=SQLNCLI;Server=...;Database=...;
 // Uid=...;Pwd=...") mapped to a QtSql driver: Server= naming a database file (ends in .db, or an
-// existing file) is SQLite; anything else is SQL Server through ODBC (FreeTDS on Linux).
+// existing file) is SQLite; "pg:host" or "pg:host:port" is PostgreSQL (port 5432 when not given;
+// a host that is a folder is the server's socket folder); anything else is SQL Server through ODBC
+// (FreeTDS on Linux).
 Dialect dialectOf(const QString& connectionString);
+
+// Host and port of a PostgreSQL Server= ("pg:host:port"); port 5432 when it names none.
+struct PostgresAddress {
+    QString host;
+    int port = 5432;
+};
+PostgresAddress postgresAddressOf(const QString& connectionString);
+
+// The database that Database= (or Initial Catalog=) names.
+QString databaseOf(const QString& connectionString);
 
 // The absolute path of the file that Server= names (the SQLite database).
 QString databaseFileOf(const QString& connectionString);
@@ -25,7 +37,8 @@ QString odbcConnectionString(const QString& connectionString);
 // statement brings its own command time-out. A refused or failed connection raises -2147467259
 // with the driver's text. SQLite: foreign keys on, WAL, and the login time-out as the busy wait
 // for another terminal's lock while opening; a database file that is missing (or has gone) is
-// never created anew.
+// never created anew. PostgreSQL: Database=, Uid= and Pwd= of the connection string, the login
+// time-out as libpq's connect_timeout, and the command time-out as the session's statement_timeout.
 QSqlDatabase pooledDatabase(const QString& connectionString, int connectionTimeoutSeconds = 15);
 
 // Closes every pooled connection of this thread (tests, before their database files go).

@@ -24,17 +24,13 @@ QString baseTable(const QString& source) {
     return table;
 }
 
-QString quoted(const QString& name) {
-    return QLatin1Char('[') + name + QLatin1Char(']');
-}
-
 // "[c] = ?" with the value bound, or "[c] IS NULL".
-void addCondition(QStringList& conditions, QVariantList& values, const QString& column,
-                  const QVariant& original) {
+void addCondition(const SqlSession& session, QStringList& conditions, QVariantList& values,
+                  const QString& column, const QVariant& original) {
     if (original.isNull()) {
-        conditions << quoted(column) + QStringLiteral(" IS NULL");
+        conditions << session.quote(column) + QStringLiteral(" IS NULL");
     } else {
-        conditions << quoted(column) + QStringLiteral(" = ?");
+        conditions << session.quote(column) + QStringLiteral(" = ?");
         values << original;
     }
 }
@@ -44,9 +40,9 @@ void reread(SqlSession& session, Data& d, Data::Row& row, const QString& table, 
             const QVariant& value) {
     QStringList columns;
     for (const Data::Column& column : std::as_const(d.columns))
-        columns << quoted(column.name);
+        columns << session.quote(column.name);
     QSqlQuery q = session.exec(QStringLiteral("SELECT %1 FROM %2 WHERE %3 = ?")
-                                   .arg(columns.join(QLatin1Char(',')), quoted(table), condition),
+                                   .arg(columns.join(QLatin1Char(',')), session.quote(table), condition),
                                {value}, false);
     if (!q.next())
         return;
@@ -61,7 +57,7 @@ void insertRow(SqlSession& session, Data& d, Data::Row& row, const QString& tabl
     for (int i = 0; i < d.columns.size(); ++i) {
         if (!d.changed.at(i))
             continue;
-        columns << quoted(d.columns[i].name);
+        columns << session.quote(d.columns[i].name);
         if (row.values[i].isNull()) {
             placeholders << QStringLiteral("NULL");
         } else {
@@ -69,11 +65,11 @@ void insertRow(SqlSession& session, Data& d, Data::Row& row, const QString& tabl
             values << session.toDatabase(row.values[i]);
         }
     }
-    const QString insert =
-        columns.isEmpty()
-            ? QStringLiteral("INSERT INTO %1 DEFAULT VALUES").arg(quoted(table))
-            : QStringLiteral("INSERT INTO %1 (%2) VALUES (%3)")
-                  .arg(quoted(table), columns.join(QLatin1Char(',')), placeholders.join(QLatin1Char(',')));
+    const QString insert = columns.isEmpty()
+                               ? QStringLiteral("INSERT INTO %1 DEFAULT VALUES").arg(session.quote(table))
+                               : QStringLiteral("INSERT INTO %1 (%2) VALUES (%3)")
+                                     .arg(session.quote(table), columns.join(QLatin1Char(',')),
+                                          placeholders.join(QLatin1Char(',')));
     for (int i = 0; i < d.columns.size(); ++i)
         row.original[i] = d.changed.at(i) ? session.toDatabase(row.values[i]) : QVariant();
 
@@ -83,18 +79,30 @@ void insertRow(SqlSession& session, Data& d, Data::Row& row, const QString& tabl
         reread(session, d, row, table, QStringLiteral("rowid"), rowid);
         return;
     }
-    // SCOPE_IDENTITY, not @@IDENTITY: a trigger's insert elsewhere must not leak in.
-    QSqlQuery q = session.exec(
-        QStringLiteral("SET NOCOUNT ON; ") + insert + QStringLiteral("; SELECT SCOPE_IDENTITY()"), values);
-    while (!q.isSelect() && q.nextResult()) {
+    const bool singleKey = info.key.size() == 1;
+    QVariant identity;
+    if (session.dialect() == Dialect::PostgreSQL) {
+        // The key as the insert made it, identity or not.
+        QSqlQuery q = session.exec(
+            singleKey ? insert + QStringLiteral(" RETURNING ") + session.quote(info.key.first()) : insert,
+            values);
+        if (singleKey && q.next())
+            identity = q.value(0);
+    } else {
+        // SCOPE_IDENTITY, not @@IDENTITY: a trigger's insert elsewhere must not leak in.
+        QSqlQuery q = session.exec(QStringLiteral("SET NOCOUNT ON; ") + insert +
+                                       QStringLiteral("; SELECT SCOPE_IDENTITY()"),
+                                   values);
+        while (!q.isSelect() && q.nextResult()) {
+        }
+        identity = q.next() ? q.value(0) : QVariant();
     }
-    const QVariant identity = q.next() ? q.value(0) : QVariant();
-    if (info.key.size() != 1 || !d.columnIndex.contains(info.key.first().toLower()))
+    if (!singleKey || !d.columnIndex.contains(info.key.first().toLower()))
         return;
     const int keyColumn = d.columnIndex.value(info.key.first().toLower());
     const QVariant key = identity.isNull() ? row.original[keyColumn] : identity;
     if (!key.isNull())
-        reread(session, d, row, table, quoted(info.key.first()), key);
+        reread(session, d, row, table, session.quote(info.key.first()), key);
 }
 
 void updateRow(SqlSession& session, Data& d, Data::Row& row, const QString& table, const TableInfo& info) {
@@ -104,9 +112,9 @@ void updateRow(SqlSession& session, Data& d, Data::Row& row, const QString& tabl
         if (!d.changed.at(i))
             continue;
         if (row.values[i].isNull()) {
-            assignments << quoted(d.columns[i].name) + QStringLiteral(" = NULL");
+            assignments << session.quote(d.columns[i].name) + QStringLiteral(" = NULL");
         } else {
-            assignments << quoted(d.columns[i].name) + QStringLiteral(" = ?");
+            assignments << session.quote(d.columns[i].name) + QStringLiteral(" = ?");
             values << session.toDatabase(row.values[i]);
         }
     }
@@ -123,11 +131,11 @@ void updateRow(SqlSession& session, Data& d, Data::Row& row, const QString& tabl
         for (const QString& column : info.key)
             inKey = inKey || column.compare(d.columns[i].name, Qt::CaseInsensitive) == 0;
         if (!keyed || inKey || d.changed.at(i))
-            addCondition(conditions, values, d.columns[i].name, row.original[i]);
+            addCondition(session, conditions, values, d.columns[i].name, row.original[i]);
     }
 
     QSqlQuery q = session.exec(QStringLiteral("UPDATE %1 SET %2 WHERE %3")
-                                   .arg(quoted(table), assignments.join(QStringLiteral(", ")),
+                                   .arg(session.quote(table), assignments.join(QStringLiteral(", ")),
                                         conditions.join(QStringLiteral(" AND "))),
                                values);
     if (q.numRowsAffected() == 0)

@@ -108,16 +108,56 @@ int busyWaitMs(int seconds) {
 
 // The statement that gives a connection the command time-out, for the engines that keep it per
 // connection; none for SQL Server, where it is an attribute of each statement's ODBC handle.
-// SQLite waits only for another terminal's lock, so its busy wait is the time-out.
-// (PostgreSQL will take SET statement_timeout here.)
+// SQLite waits only for another terminal's lock, so its busy wait is the time-out. PostgreSQL
+// cancels a statement that outlasts statement_timeout, whose 0 is ADO's "no limit" too.
 QString commandTimeoutSetting(Dialect dialect, int seconds) {
     switch (dialect) {
     case Dialect::SQLite:
         return QStringLiteral("PRAGMA busy_timeout = %1").arg(busyWaitMs(seconds));
+    case Dialect::PostgreSQL:
+        return QStringLiteral("SET statement_timeout = %1").arg(qint64(qMax(0, seconds)) * 1000);
     case Dialect::SqlServer:
         break;
     }
     return QString();
+}
+
+const QString kPostgresPrefix = QStringLiteral("pg:");
+
+// The moment as PostgreSQL's timestamp (without time zone) holds it: the wall clock of the
+// terminal, as SQL Server's datetime does. QPSQL would send it in UTC, which the session's time
+// zone then moves.
+const QString kPostgresDateTime = QStringLiteral("yyyy-MM-dd HH:mm:ss.zzz");
+
+QVariant postgresValue(const QVariant& value) {
+    switch (value.typeId()) {
+    case QMetaType::QDateTime:
+        return value.toDateTime().toString(kPostgresDateTime);
+    case QMetaType::QDate:
+        return value.toDate().startOfDay().toString(kPostgresDateTime);
+    default:
+        return value;
+    }
+}
+
+// The error number of a PostgreSQL SQLSTATE (five characters; the first two are its class).
+int postgresErrorNumber(const QString& state, const QString& text) {
+    const QString cls = state.left(2);
+    // 08 connection exception, 28 invalid authorization, 3D unknown database, 57P0x the server
+    // going away; a libpq failure with no SQLSTATE at all is the socket's.
+    if (cls == QLatin1String("08") || cls == QLatin1String("28") || cls == QLatin1String("3D") ||
+        state == QLatin1String("57P01") || state == QLatin1String("57P02") || state == QLatin1String("57P03"))
+        return vbErr::ConnectionFailure;
+    if (state.isEmpty() &&
+        (text.contains(QLatin1String("server closed the connection"), Qt::CaseInsensitive) ||
+         text.contains(QLatin1String("no connection to the server"), Qt::CaseInsensitive) ||
+         text.contains(QLatin1String("connection to server"), Qt::CaseInsensitive)))
+        return vbErr::ConnectionFailure;
+    if (cls == QLatin1String("23"))
+        return vbErr::IntegrityViolation; // not null, foreign key, unique, check
+    if (state == QLatin1String("57014") || state == QLatin1String("55P03") || state == QLatin1String("40P01"))
+        return vbErr::QueryTimeout; // statement_timeout, lock not available, deadlock victim
+    return vbErr::SyntaxError;
 }
 
 // SQLSetStmtAttr of the ODBC driver manager that the QODBC plugin has loaded, found at run time so
@@ -152,15 +192,37 @@ void setQueryTimeout(const QSqlQuery& query, int seconds) {
 }
 } // namespace
 
+QString databaseOf(const QString& connectionString) {
+    return adoKeywords(connectionString).value(QStringLiteral("database"));
+}
+
 QString databaseFileOf(const QString& connectionString) {
     return QFileInfo(adoKeywords(connectionString).value(QStringLiteral("server"))).absoluteFilePath();
 }
 
 Dialect dialectOf(const QString& connectionString) {
     const QString server = adoKeywords(connectionString).value(QStringLiteral("server"));
+    if (server.startsWith(kPostgresPrefix, Qt::CaseInsensitive))
+        return Dialect::PostgreSQL;
     if (server.endsWith(QLatin1String(".db"), Qt::CaseInsensitive) || QFileInfo(server).isFile())
         return Dialect::SQLite;
     return Dialect::SqlServer;
+}
+
+PostgresAddress postgresAddressOf(const QString& connectionString) {
+    QString server = adoKeywords(connectionString).value(QStringLiteral("server"));
+    if (server.startsWith(kPostgresPrefix, Qt::CaseInsensitive))
+        server = server.mid(kPostgresPrefix.size());
+    PostgresAddress address;
+    const int colon = server.lastIndexOf(QLatin1Char(':'));
+    bool numeric = false;
+    const int port = colon >= 0 ? server.mid(colon + 1).trimmed().toInt(&numeric) : 0;
+    if (numeric && port > 0 && port < 65536) {
+        address.port = port;
+        server = server.left(colon);
+    }
+    address.host = server.trimmed();
+    return address;
 }
 
 QString odbcConnectionString(const QString& connectionString) {
@@ -227,6 +289,19 @@ QSqlDatabase pooledDatabase(const QString& connectionString, int connectionTimeo
         // the settings below may wait for another terminal too.
         db.setConnectOptions(QStringLiteral("QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=%1")
                                  .arg(busyWaitMs(connectionTimeoutSeconds)));
+    } else if (dialect == Dialect::PostgreSQL) {
+        const QHash<QString, QString> ado = adoKeywords(connectionString);
+        const PostgresAddress address = postgresAddressOf(connectionString);
+        db = QSqlDatabase::addDatabase(QStringLiteral("QPSQL"), name);
+        db.setHostName(address.host);
+        db.setPort(address.port);
+        db.setDatabaseName(databaseOf(connectionString));
+        db.setUserName(ado.value(QStringLiteral("uid")));
+        db.setPassword(ado.value(QStringLiteral("pwd")));
+        // libpq waits without limit at 0, as ADO does; it takes 1 as 2.
+        if (connectionTimeoutSeconds > 0)
+            db.setConnectOptions(QStringLiteral("connect_timeout=%1").arg(connectionTimeoutSeconds));
+        db.setNumericalPrecisionPolicy(QSql::LowPrecisionDouble);
     } else {
         db = QSqlDatabase::addDatabase(QStringLiteral("QODBC"), name);
         db.setDatabaseName(odbcConnectionString(connectionString));
@@ -283,6 +358,8 @@ void setStatementObserver(std::function<void(const QString& sql)> observer) {
 // By the driver's native code alone: QSQLITE reports a failed fetch as a connection error even for
 // a constraint. A failed open is a connection failure of its own (pooledDatabase).
 int errorNumberOf(Dialect dialect, const QSqlError& error) {
+    if (dialect == Dialect::PostgreSQL)
+        return postgresErrorNumber(error.nativeErrorCode().trimmed(), error.databaseText());
     const int native = error.nativeErrorCode().toInt();
     if (dialect == Dialect::SQLite) {
         switch (native & 0xff) { // the primary result code under the extended one
@@ -371,7 +448,8 @@ QSqlQuery SqlSession::exec(const QString& sql, const QVariantList& values, bool 
     QSqlError error;
     {
         QSqlQuery q(db);
-        q.setForwardOnly(true);
+        // QPSQL names a column's table only on a scrollable result: the copy reads bit columns by it.
+        q.setForwardOnly(m_dialect != Dialect::PostgreSQL);
         bool ok;
         // SQL Server's statements all go prepared: their time-out is set on the handle in between.
         if (values.isEmpty() && m_dialect != Dialect::SqlServer) {
@@ -382,7 +460,7 @@ QSqlQuery SqlSession::exec(const QString& sql, const QVariantList& values, bool 
                 if (m_dialect == Dialect::SqlServer)
                     setQueryTimeout(q, m_commandTimeout);
                 for (const QVariant& value : values)
-                    q.addBindValue(value);
+                    q.addBindValue(m_dialect == Dialect::PostgreSQL ? postgresValue(value) : value);
                 ok = q.exec();
             }
         }
@@ -414,6 +492,23 @@ TableInfo SqlSession::tableInfo(const QString& table) {
                 keyOrder.insert(q.value(5).toInt(), column);
         }
         info.key = keyOrder.values();
+    } else if (m_dialect == Dialect::PostgreSQL) {
+        // Unquoted names fold to lower case; the table is the one the search path finds.
+        QSqlQuery q =
+            exec(QStringLiteral("SELECT a.attname, t.typname, array_position(i.indkey::int2[], a.attnum) "
+                                "FROM pg_attribute a JOIN pg_type t ON t.oid = a.atttypid "
+                                "LEFT JOIN pg_index i ON i.indrelid = a.attrelid AND i.indisprimary "
+                                "WHERE a.attrelid = to_regclass(lower(?)) AND a.attnum > 0 "
+                                "AND NOT a.attisdropped ORDER BY a.attnum"),
+                 {table}, false);
+        QMap<int, QString> keyOrder;
+        while (q.next()) {
+            const QString column = q.value(0).toString();
+            info.kinds.insert(column.toLower(), kindOfDeclaredType(q.value(1).toString()));
+            if (!q.value(2).isNull())
+                keyOrder.insert(q.value(2).toInt(), column);
+        }
+        info.key = keyOrder.values();
     } else {
         QSqlQuery q = exec(
             QStringLiteral("SELECT KU.COLUMN_NAME FROM INFORMATION_SCHEMA.TABLE_CONSTRAINTS TC "
@@ -427,6 +522,12 @@ TableInfo SqlSession::tableInfo(const QString& table) {
     }
     t_tables[poolName].insert(key, info);
     return info;
+}
+
+QString SqlSession::quote(const QString& name) const {
+    if (m_dialect == Dialect::PostgreSQL)
+        return QLatin1Char('"') + name.toLower() + QLatin1Char('"');
+    return QLatin1Char('[') + name + QLatin1Char(']');
 }
 
 void SqlSession::forgetTables() {
@@ -453,7 +554,7 @@ QVariant SqlSession::toDatabase(const QVariant& value) const {
 QVariant fromDatabase(Dialect dialect, const QVariant& value, ColumnKind kind) {
     if (value.isNull())
         return QVariant();
-    if (dialect != Dialect::SQLite)
+    if (dialect == Dialect::SqlServer)
         return value;
     switch (kind) {
     case ColumnKind::Bit:

@@ -14,7 +14,8 @@
 // Recordset and DataControl.
 
 // How a column's values need translating between the copy and the database. SQLite keeps bit
-// columns as integers and dates as text; the copy holds them as bool and QDateTime on every dialect.
+// columns as integers and dates as text, PostgreSQL bit columns as smallint (the bit_flag domain);
+// the copy holds them as bool and QDateTime on every dialect.
 enum class ColumnKind { Plain, Bit, DateTime };
 
 struct TableInfo {
@@ -39,6 +40,9 @@ public:
 
     // A value of the copy as it is bound for this dialect (never a Null: the layer writes NULL).
     QVariant toDatabase(const QVariant& value) const;
+    // A table or column name quoted for this dialect: [name], or on PostgreSQL "name" in the lower
+    // case that the program's unquoted names fold to.
+    QString quote(const QString& name) const;
     // Forgets what is known of every table (after DDL).
     void forgetTables();
 

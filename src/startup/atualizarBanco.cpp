@@ -15,19 +15,33 @@ QString aspas(const QString& nome) {
     return QLatin1Char('\'') + nome + QLatin1Char('\'');
 }
 
+// PostgreSQL's catalogue holds the names as the unquoted statements made them: in lower case, in
+// the schema the search path finds first (dbo is SQL Server's).
+QString minusculas(const QString& nome) {
+    return QStringLiteral("lower(") + aspas(nome) + QLatin1Char(')');
+}
+
 Equivalente testeDeColuna(const QString& tabela, const QString& coluna) {
     return {QStringLiteral("SELECT COUNT(*) FROM INFORMATION_SCHEMA.COLUMNS WHERE TABLE_NAME = ") +
                 aspas(tabela) + QStringLiteral(" AND COLUMN_NAME = ") + aspas(coluna),
             QStringLiteral("SELECT COUNT(*) FROM pragma_table_info(") + aspas(tabela) +
-                QStringLiteral(") WHERE name = ") + aspas(coluna) + QStringLiteral(" COLLATE NOCASE")};
+                QStringLiteral(") WHERE name = ") + aspas(coluna) + QStringLiteral(" COLLATE NOCASE"),
+            QStringLiteral(
+                "SELECT COUNT(*) FROM INFORMATION_SCHEMA.COLUMNS WHERE TABLE_SCHEMA = current_schema() "
+                "AND TABLE_NAME = ") +
+                minusculas(tabela) + QStringLiteral(" AND COLUMN_NAME = ") + minusculas(coluna)};
 }
 
 Equivalente testeDeTabela(const QString& tabela) {
-    return {QStringLiteral("SELECT COUNT(*) FROM INFORMATION_SCHEMA.TABLES WHERE TABLE_SCHEMA = 'dbo' AND  "
-                           "TABLE_NAME = ") +
-                aspas(tabela),
-            QStringLiteral("SELECT COUNT(*) FROM sqlite_master WHERE type IN ('table', 'view') AND name = ") +
-                aspas(tabela) + QStringLiteral(" COLLATE NOCASE")};
+    return {
+        QStringLiteral("SELECT COUNT(*) FROM INFORMATION_SCHEMA.TABLES WHERE TABLE_SCHEMA = 'dbo' AND  "
+                       "TABLE_NAME = ") +
+            aspas(tabela),
+        QStringLiteral("SELECT COUNT(*) FROM sqlite_master WHERE type IN ('table', 'view') AND name = ") +
+            aspas(tabela) + QStringLiteral(" COLLATE NOCASE"),
+        QStringLiteral("SELECT COUNT(*) FROM INFORMATION_SCHEMA.TABLES WHERE TABLE_SCHEMA = current_schema() "
+                       "AND TABLE_NAME = ") +
+            minusculas(tabela)};
 }
 
 // SQLite can't add a key to an existing table: the nearest thing the same test finds by the key's
@@ -38,14 +52,34 @@ Equivalente testeDeChave(const QString& tabela, const QString& chave) {
             aspas(tabela) + QStringLiteral(" AND CONSTRAINT_NAME = ") + aspas(chave),
         QStringLiteral("SELECT COUNT(*) FROM sqlite_master WHERE type = 'index' AND tbl_name = ") +
             aspas(tabela) + QStringLiteral(" COLLATE NOCASE AND name = ") + aspas(chave) +
-            QStringLiteral(" COLLATE NOCASE")};
+            QStringLiteral(" COLLATE NOCASE"),
+        QStringLiteral("SELECT COUNT(*) FROM INFORMATION_SCHEMA.CONSTRAINT_TABLE_USAGE WHERE TABLE_SCHEMA = "
+                       "current_schema() AND TABLE_NAME = ") +
+            minusculas(tabela) + QStringLiteral(" AND CONSTRAINT_NAME = ") + minusculas(chave)};
 }
 
-// A column that both dialects add with the same statement.
+// PostgreSQL's own bit is a bit string, and it has no tinyint: the back office there declares the
+// domain bit_flag (a smallint of 0 or 1).
+QString tipoNoPostgres(const QString& tipo) {
+    if (tipo == QLatin1String("bit"))
+        return QStringLiteral("bit_flag");
+    if (tipo == QLatin1String("tinyint"))
+        return QStringLiteral("smallint");
+    return tipo;
+}
+
+QString adicionarColuna(const QString& tabela, const QString& nome, const QString& tipo) {
+    return QStringLiteral("ALTER TABLE ") + tabela + QStringLiteral(" ADD ") + nome + QLatin1Char(' ') +
+           tipo + QStringLiteral(" NOT NULL DEFAULT 0");
+}
+
+// A column that SQL Server and SQLite add with the same statement.
 PassoDoBanco coluna(const QString& tabela, const QString& nome, const QString& tipo) {
-    const QString alter = QStringLiteral("ALTER TABLE ") + tabela + QStringLiteral(" ADD ") + nome +
-                          QLatin1Char(' ') + tipo + QStringLiteral(" NOT NULL DEFAULT 0");
-    return {testeDeColuna(tabela, nome), 0, {{alter, alter}}, {}};
+    const QString alter = adicionarColuna(tabela, nome, tipo);
+    return {testeDeColuna(tabela, nome),
+            0,
+            {{alter, alter, adicionarColuna(tabela, nome, tipoNoPostgres(tipo))}},
+            {}};
 }
 
 } // namespace
@@ -60,6 +94,9 @@ std::vector<PassoDoBanco> passosDoBanco(const QString& impressoraPadrao) {
         QStringLiteral("ALTER TABLE Tb_Departamento ADD Impressora nvarchar(255) NOT NULL "
                        "DEFAULT '") +
         impressoraPadrao + QLatin1Char('\'');
+    const QString impressoraNoPostgres =
+        QStringLiteral("ALTER TABLE Tb_Departamento ADD Impressora varchar(255) NOT NULL DEFAULT '") +
+        impressoraPadrao + QLatin1Char('\'');
     return {
         coluna(vendas, QStringLiteral("bImprimirItens"), bit),
         coluna(vendas, QStringLiteral("bBloquearAposConferencia"), bit),
@@ -71,14 +108,17 @@ std::vector<PassoDoBanco> passosDoBanco(const QString& impressoraPadrao) {
          0,
          {{QStringLiteral(
                "ALTER TABLE CLIENTES ADD CONSTRAINT [PK_CLIENTES] PRIMARY KEY CLUSTERED ([ID_CODIGO] Asc)"),
-           QStringLiteral("CREATE UNIQUE INDEX [PK_CLIENTES] ON [CLIENTES] ([ID_CODIGO] ASC)")}},
+           QStringLiteral("CREATE UNIQUE INDEX [PK_CLIENTES] ON [CLIENTES] ([ID_CODIGO] ASC)"),
+           QStringLiteral("ALTER TABLE CLIENTES ADD CONSTRAINT PK_CLIENTES PRIMARY KEY (ID_CODIGO)")}},
          {}},
         {testeDeChave(colaborador, QStringLiteral("PK_Tb_Colaborador")),
          0,
          {{QStringLiteral("ALTER TABLE Tb_Colaborador ADD CONSTRAINT [PK_Tb_Colaborador] PRIMARY KEY "
                           "CLUSTERED([ID_Colaborador] ASC)"),
            QStringLiteral(
-               "CREATE UNIQUE INDEX [PK_Tb_Colaborador] ON [Tb_Colaborador] ([ID_Colaborador] ASC)")}},
+               "CREATE UNIQUE INDEX [PK_Tb_Colaborador] ON [Tb_Colaborador] ([ID_Colaborador] ASC)"),
+           QStringLiteral(
+               "ALTER TABLE Tb_Colaborador ADD CONSTRAINT PK_Tb_Colaborador PRIMARY KEY (ID_Colaborador)")}},
          {}},
         coluna(colaborador, QStringLiteral("bZarvel"), bit),
         coluna(colaborador, QStringLiteral("bTransferirItem"), bit),
@@ -92,7 +132,10 @@ std::vector<PassoDoBanco> passosDoBanco(const QString& impressoraPadrao) {
         {testeDeTabela(departamento),
          1,
          {},
-         {{testeDeColuna(departamento, QStringLiteral("Impressora")), 0, {{impressora, impressora}}, {}}}},
+         {{testeDeColuna(departamento, QStringLiteral("Impressora")),
+           0,
+           {{impressora, impressora, impressoraNoPostgres}},
+           {}}}},
         {testeDeTabela(QStringLiteral("Tb_Comandas")), 0, comandosTbComandas(), {}},
         {testeDeTabela(QStringLiteral("Tb_Comandas_Itens")), 0, comandosTbComandasItens(), {}},
         {testeDeTabela(QStringLiteral("Tb_Comandas_Recebimentos")), 0, comandosTbComandasRecebimentos(), {}},
@@ -117,9 +160,7 @@ struct Execucao {
     Recordset rs; // set again by each test; a failed test leaves the previous one
     bool temTeste = false;
 
-    const QString& texto(const Equivalente& equivalente) const {
-        return cn.dialect() == Dialect::SQLite ? equivalente.sqlite : equivalente.sqlServer;
-    }
+    const QString& texto(const Equivalente& equivalente) const { return equivalente.texto(cn.dialect()); }
 
     void executar(const PassoDoBanco& passo) {
         tentar([&] {

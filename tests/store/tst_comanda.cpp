@@ -85,12 +85,13 @@ private slots:
         QCOMPARE(comanda.valorProdutos(), produtos);
         QCOMPARE(comanda.valorServico(), taxa);
         QCOMPARE(comanda.valorTotal(), total);
-        QCOMPARE(contar(QStringLiteral(
-                            "id_comanda = %1 AND round(valor_servico, 2) = %2 AND round(valor_total, 2) = %3")
-                            .arg(id)
-                            .arg(taxa)
-                            .arg(total)),
-                 1);
+        QCOMPARE(
+            contar(QStringLiteral("id_comanda = %1 AND round(CAST(valor_servico AS numeric), 2) = %2 AND "
+                                  "round(CAST(valor_total AS numeric), 2) = %3")
+                       .arg(id)
+                       .arg(taxa)
+                       .arg(total)),
+            1);
     }
 
     // "" goes in as Null; a write goes to the row as it was read, so another terminal's change in

@@ -3,8 +3,20 @@
 #include "backoffice/BackOffice.h"
 #include "platform/Connection.h"
 
+#include <QUuid>
+
+QString testServer() {
+    const QString postgres = qEnvironmentVariable("ZARVEL_TEST_POSTGRES");
+    return postgres.isEmpty() ? QString() : QStringLiteral("pg:") + postgres;
+}
+
 QString backOfficeDatabase(const TestEnvironment& env, const QString& name) {
-    const QString connectionString = adoConnectionString(env.scratchPath(name));
+    const QString server = testServer();
+    // On a server every database of every test run is a new one; the server is the test run's own.
+    const QString connectionString =
+        server.isEmpty() ? adoConnectionString(env.scratchPath(name))
+                         : withDatabase(adoConnectionString(server),
+                                        QStringLiteral("zt_") + QUuid::createUuid().toString(QUuid::Id128));
     createBackOffice(connectionString);
     Connection connection;
     connection.Open(connectionString);

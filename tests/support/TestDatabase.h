@@ -4,7 +4,13 @@
 
 #include <QString>
 
-// A fresh back-office database for one test: a SQLite file in the test's temporary area with the
+// The server the store's tests run on: "pg:host:port" when the environment variable
+// ZARVEL_TEST_POSTGRES gives a PostgreSQL server's "host:port" (its user sa may create databases),
+// or empty for SQLite files.
+QString testServer();
+
+// A fresh back-office database for one test: a SQLite file in the test's temporary area (or a new
+// database on the server of testServer()) with the
 // back office's tables as they are before this system's first start, and a handful of rows:
 //
 //   Tb_Departamento  1 COZINHA, 2 BAR
