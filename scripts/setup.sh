@@ -6,7 +6,7 @@ root="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
 build="${1:-$root/build}"
 
 packages=(build-essential cmake ninja-build qt6-base-dev qt6-base-dev-tools libqt6sql6-sqlite
-          libqt6sql6-odbc libqt6test6 libgl-dev tdsodbc unixodbc libbenchmark-dev sqlite3
+          libqt6sql6-odbc libqt6sql6-psql postgresql libqt6test6 libgl-dev tdsodbc unixodbc libbenchmark-dev sqlite3
           xvfb xauth imagemagick fonts-dejavu-core fonts-liberation)
 missing=()
 for p in "${packages[@]}"; do

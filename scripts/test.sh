@@ -1,10 +1,23 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds, and runs every test through ctest on the offscreen platform,
-# then once more in a second build under AddressSanitizer and UBSan, leaks included.
+# the store's suites also on a private PostgreSQL server that lives as long as this script, then
+# once more in a second build under AddressSanitizer and UBSan, leaks included.
+# ZARVEL_PG_PORT chooses the server's loopback port (54329 when not set).
 set -euo pipefail
 root="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
 build="$root/build"
 "$root/scripts/setup.sh" "$build"
+
+pgport="${ZARVEL_PG_PORT:-54329}"
+pgdir="$(mktemp -d /tmp/zarvel-pg.XXXXXX)"
+stop_server() {
+    "$root/scripts/postgres.sh" stop "$pgdir" || true
+    rm -rf "$pgdir"
+}
+trap stop_server EXIT
+"$root/scripts/postgres.sh" start "$pgdir" "$pgport"
+
+cmake -S "$root" -B "$build" -DZARVEL_TEST_POSTGRES="127.0.0.1:$pgport" >/dev/null
 cd "$build"
 QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j "$(nproc)"
 
