@@ -1,7 +1,9 @@
-// zarvel-demo <db-file> <machine-folder>
+// zarvel-demo <db-file | pg:host:port> <machine-folder>
 //
 // Makes the demo database of a small bar when it is missing (the back office's tables with its
-// products, staff, customers and settings) and points the machine's SERVER.ini at it.
+// products, staff, customers and settings) and points the machine's SERVER.ini at it. On a
+// PostgreSQL server the database is Norvik, made by the user sa; a server that has it already is
+// left as it is.
 
 #include "backoffice/BackOffice.h"
 #include "backoffice/Demo.h"
@@ -23,6 +25,17 @@ static void removeDatabase(const QString& file) {
         QFile::remove(file + suffix);
 }
 
+// Whether the server has the database of the connection string (and lets its user in).
+static bool databaseExists(const QString& connectionString) {
+    try {
+        Connection connection;
+        connection.Open(connectionString);
+        return true;
+    } catch (const RuntimeError&) {
+        return false;
+    }
+}
+
 int main(int argc, char** argv) {
     // The upgrade asks for the default printer and may report on the start-up screen: it needs a
     // GUI application, never shown, so no display is needed.
@@ -36,22 +49,26 @@ int main(int argc, char** argv) {
     setEndProcessHandler([](int) {}); // endProcess then throws ProcessEnded
     const QStringList args = app.arguments();
     if (args.size() != 3) {
-        std::fprintf(stderr, "usage: zarvel-demo <db-file> <machine-folder>\n");
+        std::fprintf(stderr, "usage: zarvel-demo <db-file | pg:host:port> <machine-folder>\n");
         return 2;
     }
-    const QString file = QFileInfo(args.at(1)).absoluteFilePath();
+    const bool server = args.at(1).startsWith(QLatin1String("pg:"), Qt::CaseInsensitive);
+    const QString file = server ? args.at(1) : QFileInfo(args.at(1)).absoluteFilePath();
     const QString machine = QFileInfo(args.at(2)).absoluteFilePath();
     const QString connectionString = adoConnectionString(file);
-    if (!QFileInfo::exists(file)) {
+    if (server ? !databaseExists(connectionString) : !QFileInfo::exists(file)) {
         try {
-            QDir().mkpath(QFileInfo(file).absolutePath());
+            if (!server)
+                QDir().mkpath(QFileInfo(file).absolutePath());
             createDemoDatabase(connectionString);
         } catch (const RuntimeError& error) {
             std::fprintf(stderr, "zarvel-demo: %s\n", qPrintable(describe(error)));
-            removeDatabase(file);
+            if (!server)
+                removeDatabase(file);
             return 1;
         } catch (const ProcessEnded&) {
-            removeDatabase(file);
+            if (!server)
+                removeDatabase(file);
             return 1;
         }
         std::printf("Demo database made: %s\n", qPrintable(file));

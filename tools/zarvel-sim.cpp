@@ -1,0 +1,352 @@
+// zarvel-sim --server <IPCONEXAO> [--terminals N] [--seconds S] [--seed K] [--password P]
+//
+// Many terminals on one database, as a bar puts them there: N processes, each with its own
+// connection, each running the real map and table screens on the offscreen platform. The map ticks
+// every second; a waiter opens tables behind the password prompt, rings items by code and sends
+// them, at random moments drawn from the seed. At the end it reports every error with its text,
+// the items rung against the items the store holds, and the p50/p99 of the map's tick and of the
+// keyboard path (a code typed and Enter, to the item on the list).
+//
+// The database must exist (zarvel-demo makes one, on a file or on a PostgreSQL server). A terminal
+// is the same program started with --terminal <i>; it writes its measures on its standard output.
+
+#include "access/Frm_Acesso.h"
+#include "backoffice/BackOffice.h"
+#include "map/Frm_Principal.h"
+#include "platform/Application.h"
+#include "platform/Connection.h"
+#include "platform/MsgBox.h"
+#include "platform/Paths.h"
+#include "platform/Process.h"
+#include "platform/RuntimeError.h"
+#include "platform/Timer.h"
+#include "startup/rotinasInicializacao.h"
+#include "startup/variaveisGlobais.h"
+#include "store/Comanda.h"
+#include "table/Frm_Mesa.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QElapsedTimer>
+#include <QLineEdit>
+#include <QMap>
+#include <QPointer>
+#include <QProcess>
+#include <QRandomGenerator>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <QTreeWidget>
+#include <algorithm>
+#include <cstdio>
+
+namespace {
+
+struct Options {
+    QString server;
+    int terminals = 4;
+    int seconds = 60;
+    quint32 seed = 1;
+    QString password = QStringLiteral("1234");
+    int terminal = -1; // >= 0: this process is that terminal
+};
+
+// Codes the demo bar sells; a terminal rings from these.
+const int kCodes[] = {101, 102, 103, 105, 107, 113, 115, 117, 201, 202,
+                      203, 204, 205, 208, 214, 301, 303, 305, 309, 313};
+
+void report(char kind, const QString& text) {
+    std::printf("%c %s\n", kind, qPrintable(text));
+    std::fflush(stdout);
+}
+
+// Runs action on the next modal screen of type T that comes up within a few seconds, from the
+// event loop, so that the caller can go on into the routine that shows it.
+template <class T> void onNextModal(std::function<void(T*)> action) {
+    auto* poll = new QTimer(qApp);
+    auto* waited = new QElapsedTimer;
+    waited->start();
+    QObject::connect(poll, &QTimer::timeout, poll, [poll, waited, action] {
+        if (auto* screen = qobject_cast<T*>(QApplication::activeModalWidget())) {
+            poll->stop();
+            poll->deleteLater();
+            delete waited;
+            action(screen);
+        } else if (waited->elapsed() > 5000) {
+            report('E', QStringLiteral("no %1 came up").arg(QLatin1String(T::staticMetaObject.className())));
+            poll->stop();
+            poll->deleteLater();
+            delete waited;
+        }
+    });
+    poll->start(5);
+}
+
+// One terminal: the map up, its tick timed, and a waiter at the keyboard.
+class Terminal : public QObject {
+public:
+    Terminal(const Options& options)
+        : m_options(options), m_random(options.seed * 7919u + options.terminal) {}
+
+    void start() {
+        Frm_Principal& mapa = Frm_Principal::instance();
+        mapa.Show();
+        // Keys reach a screen's handlers through the active window, as at a real terminal.
+        mapa.activateWindow();
+        QTest::qWaitForWindowActive(&mapa);
+        // The map's own timer gives way to one that times each tick; the handler is the same.
+        mapa.Timer->setEnabled(false);
+        m_tick = new ::Timer(QStringLiteral("simTick"), 1000, this);
+        connect(m_tick, &::Timer::Tick, this, [this] {
+            if (!Form::isLoaded<Frm_Principal>())
+                return;
+            QElapsedTimer clock;
+            clock.start();
+            Frm_Principal::instance().Timer_Timer();
+            report('T', QString::number(clock.nsecsElapsed() / 1e6, 'f', 3));
+        });
+        m_tick->setEnabled(true);
+        m_deadline.start();
+        QTimer::singleShot(pause(), this, [this] { waiter(); });
+    }
+
+private:
+    int pause() { return 300 + int(m_random.bounded(1200)); }
+
+    // One visit to a table, then the next after a pause, until the time is up.
+    void waiter() {
+        if (m_deadline.elapsed() >= m_options.seconds * 1000LL) {
+            m_tick->setEnabled(false);
+            QTimer::singleShot(0, qApp, &QCoreApplication::quit);
+            return;
+        }
+        try {
+            visit();
+        } catch (const RuntimeError& error) {
+            report('E', describe(error));
+        } catch (const ProcessEnded&) {
+            report('E', QStringLiteral("the process ended"));
+            QTimer::singleShot(0, qApp, &QCoreApplication::quit);
+            return;
+        }
+        QTimer::singleShot(pause(), this, [this] { waiter(); });
+    }
+
+    void visit() {
+        Frm_Principal& mapa = Frm_Principal::instance();
+        const int mesa = 1 + int(m_random.bounded(quint32(qMax<qint16>(1, quantidadeMesas))));
+        const int itens = 1 + int(m_random.bounded(4u));
+        QVector<int> codigos;
+        for (int i = 0; i < itens; ++i)
+            codigos << kCodes[m_random.bounded(quint32(std::size(kCodes)))];
+        const QString senha = m_options.password;
+        onNextModal<Frm_Acesso>([senha](Frm_Acesso* f) {
+            f->activateWindow();
+            QTest::qWaitForWindowActive(f);
+            QTest::keyClicks(f->Text_senha, senha);
+            QTest::keyClick(f->Text_senha, Qt::Key_Return);
+        });
+        onNextModal<Frm_Mesa>([this, codigos](Frm_Mesa* f) { ring(*f, codigos); });
+        // What a number and Enter in the quick access field run.
+        mapa.activateWindow();
+        mapa.card_Click(qint16(mesa - 1));
+    }
+
+    // Codes typed and Enter, each timed to its row on the list; then Escape sends and leaves.
+    void ring(Frm_Mesa& f, const QVector<int>& codigos) {
+        f.activateWindow();
+        QTest::qWaitForWindowActive(&f);
+        QPointer<Frm_Mesa> tela(&f);
+        for (int codigo : codigos) {
+            if (!tela || !f.Text_Codigo->isEnabled())
+                break;
+            const int antes = f.List_Itens->topLevelItemCount();
+            QElapsedTimer clock;
+            clock.start();
+            QTest::keyClicks(f.Text_Codigo, QString::number(codigo));
+            QTest::keyClick(f.Text_Codigo, Qt::Key_Return);
+            if (!tela)
+                break;
+            const int depois = f.List_Itens->topLevelItemCount();
+            report('K', QString::number(clock.nsecsElapsed() / 1e6, 'f', 3));
+            if (depois == antes + 1)
+                report('R', QString::number(codigo));
+        }
+        if (tela)
+            QTest::keyClick(tela.data(), Qt::Key_Escape);
+    }
+
+    Options m_options;
+    QRandomGenerator m_random;
+    ::Timer* m_tick = nullptr;
+    QElapsedTimer m_deadline;
+};
+
+int runTerminal(const Options& options) {
+    setEndProcessHandler([](int) {}); // endProcess then throws ProcessEnded
+    setMsgBoxHook([](const MsgBoxRecord& box) {
+        // Questions are answered yes (a free table is started); every other box is reported.
+        if ((box.style & 0x7) == vbYesNo)
+            return vbYes;
+        report(box.title == QStringLiteral("Atenção") ? 'E' : 'N', box.prompt);
+        return vbOK;
+    });
+    // Each terminal is a machine of its own: its folders, and so its single-instance lock.
+    QTemporaryDir machine;
+    setProgramFolder(machine.path());
+    setMachineFolder(machine.path());
+    setUpdaterFolder(machine.path());
+    conexaoLocal = adoConnectionString(options.server);
+    servidorLocal = options.server;
+    try {
+        if (!lerDadosLocais())
+            return 1;
+        Terminal terminal(options);
+        terminal.start();
+        const int code = QApplication::exec();
+        Form::unloadAll();
+        closePooledDatabases();
+        return code;
+    } catch (const RuntimeError& error) {
+        report('E', describe(error));
+    } catch (const ProcessEnded&) {
+        report('E', QStringLiteral("the process ended"));
+    }
+    return 1;
+}
+
+double percentile(QVector<double> values, double p) {
+    if (values.isEmpty())
+        return 0;
+    std::sort(values.begin(), values.end());
+    const int index = qBound(0, int(std::ceil(p * values.size())) - 1, int(values.size()) - 1);
+    return values.at(index);
+}
+
+qlonglong itemsInStore(const QString& connectionString) {
+    Connection cn;
+    cn.Open(connectionString);
+    return cn.Execute(QStringLiteral("SELECT COUNT(*) FROM Tb_Comandas_Itens"))
+        .Fields(0)
+        .Value()
+        .toLongLong();
+}
+
+// The measures of every terminal, from their outputs.
+struct Totals {
+    QVector<double> ticks;
+    QVector<double> keys;
+    qlonglong rung = 0;
+    QMap<QString, int> errors;  // by text
+    QMap<QString, int> notices; // boxes that are not failures
+    void read(const QByteArray& output) {
+        const QList<QByteArray> lines = output.split('\n');
+        for (const QByteArray& line : lines) {
+            if (line.size() < 2)
+                continue;
+            const QString text = QString::fromUtf8(line.mid(2));
+            switch (line.at(0)) {
+            case 'T':
+                ticks << text.toDouble();
+                break;
+            case 'K':
+                keys << text.toDouble();
+                break;
+            case 'R':
+                ++rung;
+                break;
+            case 'E':
+                ++errors[text];
+                break;
+            case 'N':
+                ++notices[text];
+                break;
+            default:
+                break;
+            }
+        }
+    }
+};
+
+int runSimulation(const Options& options) {
+    const QString connectionString = adoConnectionString(options.server);
+    qlonglong before = 0;
+    try {
+        before = itemsInStore(connectionString);
+    } catch (const RuntimeError& error) {
+        std::fprintf(stderr, "zarvel-sim: %s\n", qPrintable(describe(error)));
+        return 1;
+    }
+    QList<QProcess*> processes;
+    for (int i = 0; i < options.terminals; ++i) {
+        auto* process = new QProcess(qApp);
+        process->setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        process->start(QCoreApplication::applicationFilePath(),
+                       {QStringLiteral("--server"), options.server, QStringLiteral("--seconds"),
+                        QString::number(options.seconds), QStringLiteral("--seed"),
+                        QString::number(options.seed), QStringLiteral("--password"), options.password,
+                        QStringLiteral("--terminal"), QString::number(i)});
+        processes << process;
+    }
+    Totals totals;
+    int failed = 0;
+    for (QProcess* process : std::as_const(processes)) {
+        process->waitForFinished(-1);
+        totals.read(process->readAllStandardOutput());
+        if (process->exitStatus() != QProcess::NormalExit || process->exitCode() != 0)
+            ++failed;
+    }
+    const qlonglong found = itemsInStore(connectionString) - before;
+    closePooledDatabases();
+
+    std::printf("terminals %d, %d s, seed %u, server %s\n", options.terminals, options.seconds, options.seed,
+                qPrintable(options.server));
+    std::printf("items rung %lld, items found %lld, lost %lld\n", totals.rung, found, totals.rung - found);
+    std::printf("map tick: %d ticks, p50 %.2f ms, p99 %.2f ms\n", int(totals.ticks.size()),
+                percentile(totals.ticks, 0.5), percentile(totals.ticks, 0.99));
+    std::printf("keyboard path: %d codes, p50 %.2f ms, p99 %.2f ms\n", int(totals.keys.size()),
+                percentile(totals.keys, 0.5), percentile(totals.keys, 0.99));
+    std::printf("terminals that failed: %d\n", failed);
+    for (auto it = totals.errors.cbegin(); it != totals.errors.cend(); ++it)
+        std::printf("error x%d: %s\n", it.value(), qPrintable(it.key()));
+    for (auto it = totals.notices.cbegin(); it != totals.notices.cend(); ++it)
+        std::printf("notice x%d: %s\n", it.value(), qPrintable(it.key()));
+    return totals.errors.isEmpty() && failed == 0 && totals.rung == found ? 0 : 1;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    Application app(argc, argv); // the screens' key preview lives in the application
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral("Many terminals of the till on one database."));
+    parser.addHelpOption();
+    const QCommandLineOption server(QStringLiteral("server"), QStringLiteral("IPCONEXAO of the database"),
+                                    QStringLiteral("address"));
+    const QCommandLineOption terminals(QStringLiteral("terminals"), QStringLiteral("terminal processes"),
+                                       QStringLiteral("n"), QStringLiteral("4"));
+    const QCommandLineOption seconds(QStringLiteral("seconds"), QStringLiteral("length of the run"),
+                                     QStringLiteral("s"), QStringLiteral("60"));
+    const QCommandLineOption seed(QStringLiteral("seed"), QStringLiteral("random seed"), QStringLiteral("k"),
+                                  QStringLiteral("1"));
+    const QCommandLineOption password(QStringLiteral("password"), QStringLiteral("the waiters' password"),
+                                      QStringLiteral("p"), QStringLiteral("1234"));
+    const QCommandLineOption terminal(QStringLiteral("terminal"), QStringLiteral("run as terminal i"),
+                                      QStringLiteral("i"));
+    parser.addOptions({server, terminals, seconds, seed, password, terminal});
+    parser.process(app);
+    Options options;
+    options.server = parser.value(server);
+    options.terminals = qMax(1, parser.value(terminals).toInt());
+    options.seconds = qMax(1, parser.value(seconds).toInt());
+    options.seed = parser.value(seed).toUInt();
+    options.password = parser.value(password);
+    options.terminal = parser.isSet(terminal) ? parser.value(terminal).toInt() : -1;
+    if (options.server.isEmpty()) {
+        std::fprintf(stderr, "zarvel-sim: --server is required (a database file, or pg:host:port)\n");
+        return 2;
+    }
+    return options.terminal >= 0 ? runTerminal(options) : runSimulation(options);
+}
