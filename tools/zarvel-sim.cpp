@@ -93,7 +93,8 @@ public:
         mapa.Show();
         // Keys reach a screen's handlers through the active window, as at a real terminal.
         mapa.activateWindow();
-        QTest::qWaitForWindowActive(&mapa);
+        if (!QTest::qWaitForWindowActive(&mapa))
+            report('E', QStringLiteral("the map never became the active window"));
         // The map's own timer gives way to one that times each tick; the handler is the same.
         mapa.Timer->setEnabled(false);
         m_tick = new ::Timer(QStringLiteral("simTick"), 1000, this);
@@ -142,7 +143,8 @@ private:
         const QString senha = m_options.password;
         onNextModal<Frm_Acesso>([senha](Frm_Acesso* f) {
             f->activateWindow();
-            QTest::qWaitForWindowActive(f);
+            if (!QTest::qWaitForWindowActive(f))
+                report('E', QStringLiteral("the password prompt never became the active window"));
             QTest::keyClicks(f->Text_senha, senha);
             QTest::keyClick(f->Text_senha, Qt::Key_Return);
         });
@@ -155,7 +157,8 @@ private:
     // Codes typed and Enter, each timed to its row on the list; then Escape sends and leaves.
     void ring(Frm_Mesa& f, const QVector<int>& codigos) {
         f.activateWindow();
-        QTest::qWaitForWindowActive(&f);
+        if (!QTest::qWaitForWindowActive(&f))
+            report('E', QStringLiteral("the table screen never became the active window"));
         QPointer<Frm_Mesa> tela(&f);
         for (int codigo : codigos) {
             if (!tela || !f.Text_Codigo->isEnabled())
@@ -317,6 +320,12 @@ int runSimulation(const Options& options) {
 } // namespace
 
 int main(int argc, char** argv) {
+    // The offscreen platform's remark on every window shown says nothing about the run.
+    static const QtMessageHandler previous =
+        qInstallMessageHandler([](QtMsgType type, const QMessageLogContext& context, const QString& message) {
+            if (!message.contains(QLatin1String("propagateSizeHints")))
+                previous(type, context, message);
+        });
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     Application app(argc, argv); // the screens' key preview lives in the application
