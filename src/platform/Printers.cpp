@@ -10,7 +10,6 @@
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QRegularExpression>
-#include <QSaveFile>
 #include <optional>
 
 namespace {
@@ -38,8 +37,9 @@ QString pdfDefault(const QString& folder) {
 void setPdfDefault(const QString& folder, const QString& name) {
     if (!pdfPrinters(folder).contains(name))
         printerFailure(QStringLiteral("There is no printer named '%1'.").arg(name));
-    QSaveFile file(QDir(folder).filePath(defaultFile));
-    if (!file.open(QIODevice::WriteOnly) || file.write(name.toUtf8() + '\n') < 0 || !file.commit())
+    // Written in place, not synced: it changes twice a ticket, and a folder of PDFs needs no more.
+    QFile file(QDir(folder).filePath(defaultFile));
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || file.write(name.toUtf8() + '\n') < 0)
         raiseError(vbErr::PathFileAccess);
 }
 
