@@ -156,25 +156,6 @@ private slots:
         QCOMPARE(defaultPrinterName(), QStringLiteral("PADRAO"));
     }
 
-    void destinoDoProduto_data() {
-        QTest::addColumn<QString>("codigo");
-        QTest::addColumn<QStringList>("destino");
-        QTest::newRow("com setor") << "1" << QStringList({"1", "Cozinha quente", "COZINHA"});
-        QTest::newRow("setor sem impressora") << "2" << QStringList({"2", "BAR", "PADRAO"});
-        QTest::newRow("vazio") << "" << QStringList();
-        QTest::newRow("produto apagado") << "999" << QStringList();
-        QTest::newRow("setor apagado") << "77" << QStringList();
-    }
-    void destinoDoProduto() {
-        QFETCH(QString, codigo);
-        QFETCH(QStringList, destino);
-        departamentos(QStringLiteral("NULL"));
-        executar(
-            QStringLiteral("INSERT INTO PRODUTOS (CODIGO, DESCRICAO, UN, PRECO, DEP) VALUES (77, 'PASTEL', "
-                           "'UN', 8, 9)"));
-        QCOMPARE(::destinoDoProduto(codigo), destino);
-    }
-
     // The switch of the default printer and the three ways out of the handler. A default file left
     // as the test wrote it, without its line end, was never rewritten.
     void imprimirRelatorio_data() {
