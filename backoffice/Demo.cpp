@@ -104,6 +104,8 @@ const char* kRightsAndSettings[] = {
     "UPDATE Tb_Colaborador SET bZarvel = 1, bReimprimir = 1, bExcluir = 1 WHERE ID_Colaborador = 3",
     "UPDATE Tb_Colaborador SET bZarvel = 1 WHERE ID_Colaborador = 4",
     "UPDATE Tb_ConVendas SET iQuantidadeMesa = 20, iTempoParaOcio = 10, bImprimirItens = 1",
+    // Each department prints on a queue of its own name (scripts/run.sh makes them).
+    "UPDATE Tb_Departamento SET Impressora = Dep_Descricao",
 };
 
 void execute(Connection& connection, const char* statement) {

@@ -18,9 +18,13 @@ void pinLocale() {
 
 // The screens are drawn in Segoe UI, which Linux doesn't have; its default fallback is a good deal
 // wider and no longer fits the design's boxes. Liberation Sans keeps Arial's metrics, close to it.
+// The tickets and the slip are laid out in Courier New to the character: Liberation Mono has its
+// metrics exactly, so their columns and rules fit their boxes as they were drawn.
 void pinFonts() {
     for (const QString& family : {QStringLiteral("Segoe UI"), QStringLiteral("Segoe UI Semibold")})
         QFont::insertSubstitutions(family, {QStringLiteral("Liberation Sans"), QStringLiteral("Arial")});
+    for (const QString& family : {QStringLiteral("Courier New"), QStringLiteral("Courier")})
+        QFont::insertSubstitutions(family, {QStringLiteral("Liberation Mono"), QStringLiteral("Cousine")});
 }
 
 // Without TZ the C library looks at /etc/localtime again on every local-time conversion, and

@@ -11,6 +11,7 @@ QString errorDescription(int number) {
         {vbErr::InvalidCall, QStringLiteral("Invalid procedure call or argument")},
         {vbErr::Overflow, QStringLiteral("Overflow")},
         {vbErr::SubscriptOutOfRange, QStringLiteral("Subscript out of range")},
+        {vbErr::DivisionByZero, QStringLiteral("Division by zero")},
         {vbErr::TypeMismatch, QStringLiteral("Type mismatch")},
         {vbErr::BadFileName, QStringLiteral("Bad file name or number")},
         {vbErr::FileNotFound, QStringLiteral("File not found")},

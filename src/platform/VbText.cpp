@@ -534,6 +534,12 @@ double Fix(double value) {
     return std::trunc(value);
 }
 
+double Divide(double dividend, double divisor) {
+    if (divisor == 0)
+        raiseError(dividend == 0 ? vbErr::Overflow : vbErr::DivisionByZero);
+    return dividend / divisor;
+}
+
 qint64 DateDiff(const QString& interval, const QDateTime& from, const QDateTime& to) {
     const QString unit = interval.toLower();
     auto seconds = [](const QDateTime& t) {

@@ -38,6 +38,8 @@ double Val(const QString& text);
 
 double Int(double value); // rounds down
 double Fix(double value); // cuts towards zero
+// The / operator: a zero divisor raises 11 Division by zero, or 6 Overflow for 0 / 0.
+double Divide(double dividend, double divisor);
 
 // Boundaries crossed between two moments; "n" minutes (seconds ignored), "s" seconds.
 qint64 DateDiff(const QString& interval, const QDateTime& from, const QDateTime& to);

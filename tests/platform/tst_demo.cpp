@@ -40,6 +40,8 @@ private slots:
         QCOMPARE(count("SELECT COUNT(*) FROM PRODUTOS P INNER JOIN Tb_Departamento D ON "
                        "D.ID_Departamento = P.DEP"),
                  count("SELECT COUNT(*) FROM PRODUTOS"));
+        QCOMPARE(count("SELECT COUNT(*) FROM Tb_Departamento WHERE Impressora IN ('COZINHA', 'BAR', 'COPA')"),
+                 count("SELECT COUNT(*) FROM Tb_Departamento"));
         QCOMPARE(count("SELECT COUNT(*) FROM Tb_Convendas WHERE iQuantidadeMesa BETWEEN 1 AND 30"), 1);
         QCOMPARE(count("SELECT conAcesso FROM Tb_Usuario"), 1);
     }

@@ -5,6 +5,7 @@
 #include "platform/Connection.h"
 #include "platform/Form.h"
 #include "platform/Paths.h"
+#include "platform/Printers.h"
 #include "platform/Process.h"
 #include "startup/variaveisGlobais.h"
 
@@ -17,6 +18,7 @@
 namespace {
 QList<int> s_answers;
 QList<MsgBoxRecord> s_boxes;
+QList<PrintedReport> s_printed;
 bool s_ended = false;
 int s_endCode = 0;
 
@@ -33,6 +35,12 @@ TestEnvironment::TestEnvironment() {
     root.mkpath(QStringLiteral("program"));
     root.mkpath(QStringLiteral("machine"));
     root.mkpath(QStringLiteral("updater"));
+    for (const char* printer : {"PADRAO", "COZINHA", "BAR", "CONFERENCIA"})
+        root.mkpath(QStringLiteral("printers/") + QLatin1String(printer));
+    usePdfPrinterFolder(printerFolder());
+    SetDefaultPrinter(QStringLiteral("PADRAO"));
+    s_printed.clear();
+    setReportPrintedHook([](const PrintedReport& report) { s_printed.append(report); });
     setProgramFolder(programFolder());
     setMachineFolder(machineFolder());
     setUpdaterFolder(updaterFolder());
@@ -60,6 +68,9 @@ TestEnvironment::~TestEnvironment() {
     setProgramFolder(QString());
     setMachineFolder(QString());
     setUpdaterFolder(QString());
+    setReportPrintedHook(nullptr);
+    s_printed.clear();
+    usePdfPrinterFolder(QString());
 }
 
 QString TestEnvironment::programFolder() const {
@@ -73,6 +84,14 @@ QString TestEnvironment::updaterFolder() const {
 }
 QString TestEnvironment::scratchPath(const QString& name) const {
     return m_dir.filePath(name);
+}
+
+QString TestEnvironment::printerFolder() const {
+    return m_dir.filePath(QStringLiteral("printers"));
+}
+
+QList<PrintedReport> impressos() {
+    return s_printed;
 }
 
 void queueAnswer(int answer) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/DataReport.h"
 #include "platform/MsgBox.h"
 #include "platform/RuntimeError.h"
 
@@ -12,9 +13,10 @@
 #include <functional>
 
 // The world of one test: temporary program, machine and updater folders, the run-time state
-// reset, the clock pinned, waits instant, message boxes recorded and answered from a queue, and the
-// process end observed instead of taken. Make one in init() (or at the top of a test); its
-// destructor drops every screen and puts the real services back.
+// reset, the clock pinned, waits instant, message boxes recorded and answered from a queue, the
+// process end observed instead of taken, and a PDF printer folder with the printers PADRAO (the
+// default), COZINHA, BAR and CONFERENCIA, where every report printed is recorded. Make one in init() (or at
+// the top of a test); its destructor drops every screen and puts the real services back.
 class TestEnvironment {
 public:
     TestEnvironment();
@@ -25,6 +27,7 @@ public:
     QString updaterFolder() const;
     // A path inside the temporary area that doesn't exist yet.
     QString scratchPath(const QString& name) const;
+    QString printerFolder() const;
 
 private:
     QTemporaryDir m_dir;
@@ -35,6 +38,9 @@ private:
 void queueAnswer(int answer);
 QList<MsgBoxRecord> boxes();
 void clearBoxes();
+
+// The reports printed since the test began, in order.
+QList<PrintedReport> impressos();
 
 // The process end: whether it was asked for, and with which code.
 bool processEnded();

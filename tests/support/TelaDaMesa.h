@@ -22,6 +22,9 @@ protected slots:
     void init();
     void cleanup();
 
+protected:
+    const TestEnvironment& env() const { return *m_env; }
+
 private:
     std::unique_ptr<TestEnvironment> m_env;
 };

@@ -254,16 +254,21 @@ private slots:
             linha->setSelected(true);
             QTest::keyClick(f.List_Itens, Qt::Key_F10);
             QCOMPARE(Frm_Mesa::SmallIcon(linha), imprimir && direito ? 2 : 1);
+            QCOMPARE(consultar(QStringLiteral("SELECT reimpressao FROM Tb_Comandas_Itens")).toInt(),
+                     int(imprimir && direito));
         });
         QCOMPARE(boxes().size(), 1);
         QCOMPARE(boxes().first().prompt, mensagem);
-        QCOMPARE(consultar(QStringLiteral("SELECT reimpressao FROM Tb_Comandas_Itens")).toInt(),
-                 int(imprimir && direito));
+        // The request is served as the table is left.
+        QCOMPARE(impressos().size(), int(imprimir && direito));
+        QCOMPARE(consultar(QStringLiteral("SELECT reimpressao FROM Tb_Comandas_Itens")).toInt(), 0);
     }
 
     // The right button on a row selects it and opens the item menu there; on an empty list nothing.
     void menuDoItem() {
         itemNoBanco(abrirComanda(7, 1), 1, 20);
+        // Already sent: the list is emptied below, and leaving only sends what is pending.
+        executar(QStringLiteral("UPDATE Tb_Comandas_Itens SET impresso = 1"));
         naMesa(7, [&](Frm_Mesa& f) {
             QWidget* linhas = f.List_Itens->viewport();
             const QPoint ponto = f.List_Itens->visualItemRect(f.List_Itens->topLevelItem(0)).center();
