@@ -18,8 +18,11 @@
 #include "platform/MsgBox.h"
 #include "platform/Paths.h"
 #include "platform/Process.h"
+#include "platform/Profile.h"
 #include "platform/RuntimeError.h"
 #include "platform/Timer.h"
+#include "settlement/Frm_Cancelamento.h"
+#include "settlement/Frm_Recebimento.h"
 #include "startup/rotinasInicializacao.h"
 #include "startup/variaveisGlobais.h"
 #include "store/Comanda.h"
@@ -27,9 +30,12 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QDir>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QLineEdit>
 #include <QMap>
+#include <QPlainTextEdit>
 #include <QPointer>
 #include <QProcess>
 #include <QRandomGenerator>
@@ -108,6 +114,13 @@ public:
         });
         m_tick->setEnabled(true);
         m_deadline.start();
+        // A terminal left on a screen the waiter cannot leave is a finding, not a hang of the run.
+        QTimer::singleShot((m_options.seconds + 20) * 1000, this, [] {
+            QWidget* modal = QApplication::activeModalWidget();
+            report('E', QStringLiteral("still on %1 after the run")
+                            .arg(QLatin1String(modal ? modal->metaObject()->className() : "the map")));
+            std::_Exit(4);
+        });
         QTimer::singleShot(pause(), this, [this] { waiter(); });
     }
 
@@ -176,6 +189,38 @@ private:
                 report('R', QString::number(codigo));
         }
         if (tela)
+            fechar(*tela);
+    }
+
+    // How the waiter leaves the table: mostly sending, else the slip, a payment of what is open,
+    // or a cancellation; each leaves by the screen's own keys.
+    void fechar(Frm_Mesa& f) {
+        QPointer<Frm_Mesa> tela(&f);
+        const quint32 sorte = m_random.bounded(100u);
+        if (sorte < 50) {
+            QTest::keyClick(&f, Qt::Key_Escape); // Enviar
+            return;
+        }
+        if (sorte < 65) {
+            QTest::keyClick(&f, Qt::Key_F4); // Conferência: the slip, and the screen closes
+        } else if (sorte < 85) {
+            onNextModal<Frm_Recebimento>([](Frm_Recebimento* r) {
+                QTest::keyClick(r->Text_Valor, Qt::Key_F3); // what is open, on the card
+                QTest::keyClick(r->Text_Valor, Qt::Key_Return);
+                if (Form::isLoaded<Frm_Recebimento>())
+                    QTest::keyClick(r->Text_Valor, Qt::Key_Escape);
+            });
+            QTest::keyClick(&f, Qt::Key_F5);
+        } else {
+            onNextModal<Frm_Cancelamento>([](Frm_Cancelamento* c) {
+                QTest::keyClicks(c->Text_Cancelamento, QStringLiteral("cliente desistiu do pedido na mesa"));
+                QTest::keyClick(c->Text_Cancelamento, Qt::Key_F1);
+                if (Form::isLoaded<Frm_Cancelamento>())
+                    QTest::keyClick(c->Text_Cancelamento, Qt::Key_Escape);
+            });
+            QTest::keyClick(&f, Qt::Key_F6);
+        }
+        if (tela && Form::isLoaded<Frm_Mesa>())
             QTest::keyClick(tela.data(), Qt::Key_Escape);
     }
 
@@ -186,12 +231,19 @@ private:
 };
 
 int runTerminal(const Options& options) {
-    setEndProcessHandler([](int) {}); // endProcess then throws ProcessEnded
+    // A failure that ends the program ends this terminal too, as it would at the bar.
+    setEndProcessHandler([](int code) {
+        report('X', QString::number(code));
+        std::_Exit(code == 0 ? 3 : code);
+    });
     setMsgBoxHook([](const MsgBoxRecord& box) {
-        // Questions are answered yes (a free table is started); every other box is reported.
+        // Questions are answered yes (a free table is started); every other box is reported, a
+        // critical one as an error.
         if ((box.style & 0x7) == vbYesNo)
             return vbYes;
-        report(box.title == QStringLiteral("Atenção") ? 'E' : 'N', box.prompt);
+        QString text = box.prompt;
+        text.replace(QLatin1Char('\n'), QLatin1Char(' '));
+        report((box.style & vbCritical) == vbCritical ? 'E' : 'N', text.simplified());
         return vbOK;
     });
     // Each terminal is a machine of its own: its folders, and so its single-instance lock.
@@ -199,6 +251,17 @@ int runTerminal(const Options& options) {
     setProgramFolder(machine.path());
     setMachineFolder(machine.path());
     setUpdaterFolder(machine.path());
+    // Its printers print into folders of that machine, as the demo's do without CUPS.
+    const QString impressoras = machine.filePath(QStringLiteral("printers"));
+    for (const char* fila : {"COZINHA", "BAR", "COPA", "CONFERENCIA"})
+        QDir().mkpath(impressoras + QLatin1Char('/') + QLatin1String(fila));
+    QFile padrao(impressoras + QStringLiteral("/.default"));
+    if (padrao.open(QIODevice::WriteOnly))
+        padrao.write("CONFERENCIA\n");
+    padrao.close();
+    WritePrivateProfileString(QStringLiteral("PRINTERS"), QStringLiteral("CONFERENCIA"),
+                              QStringLiteral("CONFERENCIA"), machine.filePath(QStringLiteral("config.ini")));
+    qputenv("ZARVEL_PDF_PRINTERS", impressoras.toLocal8Bit());
     conexaoLocal = adoConnectionString(options.server);
     servidorLocal = options.server;
     try {
@@ -240,6 +303,7 @@ struct Totals {
     QVector<double> ticks;
     QVector<double> keys;
     qlonglong rung = 0;
+    int ended = 0;              // terminals that a failure ended
     QMap<QString, int> errors;  // by text
     QMap<QString, int> notices; // boxes that are not failures
     void read(const QByteArray& output) {
@@ -263,6 +327,9 @@ struct Totals {
                 break;
             case 'N':
                 ++notices[text];
+                break;
+            case 'X':
+                ++ended;
                 break;
             default:
                 break;
@@ -309,7 +376,8 @@ int runSimulation(const Options& options) {
                 percentile(totals.ticks, 0.5), percentile(totals.ticks, 0.99));
     std::printf("keyboard path: %d codes, p50 %.2f ms, p99 %.2f ms\n", int(totals.keys.size()),
                 percentile(totals.keys, 0.5), percentile(totals.keys, 0.99));
-    std::printf("terminals that failed: %d\n", failed);
+    std::printf("terminals ended by a failure: %d, terminals that failed otherwise: %d\n", totals.ended,
+                failed - totals.ended);
     for (auto it = totals.errors.cbegin(); it != totals.errors.cend(); ++it)
         std::printf("error x%d: %s\n", it.value(), qPrintable(it.key()));
     for (auto it = totals.notices.cbegin(); it != totals.notices.cend(); ++it)
