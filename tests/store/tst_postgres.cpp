@@ -1,0 +1,128 @@
+#include "platform/Connection.h"
+#include "platform/RuntimeError.h"
+#include "startup/atualizarBanco.h"
+#include "startup/variaveisGlobais.h"
+#include "support/BancoDeTeste.h"
+#include "support/TestDatabase.h"
+#include "support/TestMain.h"
+
+#include <QTest>
+
+// What only a PostgreSQL server shows: its catalogue after the upgrade, the copy's values and keys
+// through its types, and its statement time-out. Runs in the suite's PostgreSQL pass only.
+class TestPostgres : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() {
+        if (testServer().isEmpty())
+            QSKIP("needs ZARVEL_TEST_POSTGRES");
+        m_env = std::make_unique<TestEnvironment>();
+        bancoDeTeste(*m_env);
+    }
+    void cleanup() { m_env.reset(); }
+
+    // The first start made every key; a second one only asks the catalogue, and says nothing.
+    void upgradeOnceThenOnlyTests() {
+        QCOMPARE(consultar(QStringLiteral(
+                               "SELECT string_agg(constraint_type || ':' || constraint_name, ' ' ORDER BY "
+                               "constraint_type, constraint_name) FROM information_schema.table_constraints "
+                               "WHERE table_schema = current_schema() AND constraint_type IN ('PRIMARY KEY', "
+                               "'FOREIGN KEY') AND table_name IN ('tb_comandas', 'tb_comandas_itens', "
+                               "'tb_comandas_recebimentos', 'clientes', 'tb_colaborador')"))
+                     .toString(),
+                 QStringLiteral(
+                     "FOREIGN KEY:fk_tb_comandas_clientes FOREIGN KEY:fk_tb_comandas_itens_tb_colaborador "
+                     "FOREIGN KEY:fk_tb_comandas_itens_tb_colaborador1 FOREIGN "
+                     "KEY:fk_tb_comandas_itens_tb_comandas "
+                     "FOREIGN KEY:fk_tb_comandas_itens_tb_comandas1 "
+                     "FOREIGN KEY:fk_tb_comandas_recebimentos_tb_colaborador "
+                     "FOREIGN KEY:fk_tb_comandas_recebimentos_tb_colaborador1 "
+                     "FOREIGN KEY:fk_tb_comandas_recebimentos_tb_comandas FOREIGN "
+                     "KEY:fk_tb_comandas_tb_colaborador "
+                     "FOREIGN KEY:fk_tb_comandas_tb_colaborador1 PRIMARY KEY:pk_clientes PRIMARY "
+                     "KEY:pk_tb_colaborador "
+                     "PRIMARY KEY:pk_tb_comandas PRIMARY KEY:pk_tb_comandas_itens PRIMARY "
+                     "KEY:pk_tb_comandas_recebimentos"));
+        QStringList enviados;
+        setStatementObserver([&](const QString& sql) { enviados << sql; });
+        atualizarBanco();
+        setStatementObserver(nullptr);
+        QVERIFY(boxes().isEmpty());
+        QCOMPARE(enviados.size(), 21);
+        QCOMPARE(enviados.filter(QStringLiteral("SELECT COUNT(*) FROM INFORMATION_SCHEMA.")).size(), 21);
+    }
+
+    // A row made through the copy comes back with its identity and its values as the program
+    // holds them (bit as bool, datetime as QDateTime), and a copy that another terminal overtook
+    // can't write.
+    void copyThroughTheServersTypes_data() {
+        QTest::addColumn<QString>("column");
+        QTest::addColumn<QVariant>("value");
+        QTest::newRow("bit true") << "bloqueada" << QVariant(true);
+        QTest::newRow("bit false") << "servico" << QVariant(false);
+        QTest::newRow("datetime, milliseconds kept")
+            << "data_ultima_movimentacao" << QVariant(QDateTime(QDate(2024, 3, 5), QTime(23, 59, 58, 250)));
+        QTest::newRow("text with an apostrophe") << "identificacao" << QVariant(QStringLiteral("D'ÁVILA"));
+        QTest::newRow("float") << "valor_total" << QVariant(1234.56);
+    }
+    void copyThroughTheServersTypes() {
+        QFETCH(QString, column);
+        QFETCH(QVariant, value);
+        const int antes = abrirComanda(3, 1);
+        Connection cn;
+        cn.Open(conexaoLocal);
+        Recordset rs = cn.Execute(QStringLiteral("SELECT * FROM Tb_Comandas WHERE mesa = 3"));
+        rs.AddNew();
+        const QDateTime agora = testMoment();
+        const QStringList obrigatorias = {"data_criacao", "data_ultima_movimentacao"};
+        for (const QString& data : obrigatorias)
+            rs.Fields(data).setValue(agora);
+        rs.Fields(QStringLiteral("status")).setValue(1);
+        rs.Fields(QStringLiteral("mesa")).setValue(3);
+        rs.Fields(QStringLiteral("id_colaborador")).setValue(2);
+        rs.Fields(QStringLiteral("servico")).setValue(true);
+        rs.Fields(QStringLiteral("valor_servico")).setValue(0);
+        rs.Fields(QStringLiteral("valor_total")).setValue(0);
+        rs.Fields(column).setValue(value);
+        rs.Update();
+        QCOMPARE(rs.Fields(QStringLiteral("id_comanda")).Value().toInt(), antes + 1);
+        QCOMPARE(rs.Fields(column).Value(), value);
+
+        Recordset lido =
+            cn.Execute(QStringLiteral("SELECT * FROM Tb_Comandas WHERE id_comanda = %1").arg(antes + 1));
+        QCOMPARE(lido.Fields(column).Value(), value);
+        QCOMPARE(lido.Fields(column).Value().typeId(), value.typeId());
+
+        // Another terminal moves the row on: the first copy's write misses it.
+        executar(
+            QStringLiteral("UPDATE Tb_Comandas SET %1 = %1 WHERE id_comanda = %2; UPDATE Tb_Comandas SET "
+                           "status = 2 WHERE id_comanda = %2")
+                .arg(column)
+                .arg(antes + 1),
+            secondTerminal(conexaoLocal));
+        rs.Fields(QStringLiteral("status")).setValue(3);
+        QCOMPARE(raisedBy([&] { rs.Update(); }).Number, vbErr::RowNotLocated);
+        lido.Fields(QStringLiteral("ocupantes")).setValue(4);
+        QCOMPARE(raisedBy([&] { lido.Update(); }).Number, 0);
+    }
+
+    // The command time-out is the session's statement_timeout: a statement past it is cancelled
+    // and reported as ADO reports a time-out, and the connection serves the next one.
+    void statementTimeout() {
+        Connection cn;
+        cn.CommandTimeout = 1;
+        cn.Open(conexaoLocal);
+        const RuntimeError erro = raisedBy([&] { cn.Execute(QStringLiteral("SELECT pg_sleep(3)")); });
+        QCOMPARE(erro.Number, vbErr::QueryTimeout);
+        QCOMPARE(cn.Execute(QStringLiteral("SELECT COUNT(*) FROM Tb_Comandas")).Fields(0).Value().toInt(), 0);
+        cn.CommandTimeout = 0; // no limit, as in ADO
+        QCOMPARE(raisedBy([&] { cn.Execute(QStringLiteral("SELECT pg_sleep(1.2)")); }).Number, 0);
+    }
+
+private:
+    std::unique_ptr<TestEnvironment> m_env;
+};
+
+ZARVEL_TEST(TestPostgres)
+#include "tst_postgres.moc"
