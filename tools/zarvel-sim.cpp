@@ -45,6 +45,7 @@
 #include <QTreeWidget>
 #include <algorithm>
 #include <cstdio>
+#include <memory>
 
 namespace {
 
@@ -67,25 +68,25 @@ void report(char kind, const QString& text) {
 }
 
 // Runs action on the next modal screen of type T that comes up within a few seconds, from the
-// event loop, so that the caller can go on into the routine that shows it.
-template <class T> void onNextModal(std::function<void(T*)> action) {
+// event loop, so that the caller can go on into the routine that shows it. The watch ends with
+// the returned timer: a screen that never came must not catch the next visit's.
+template <class T> QTimer* onNextModal(std::function<void(T*)> action) {
     auto* poll = new QTimer(qApp);
-    auto* waited = new QElapsedTimer;
+    auto waited = std::make_shared<QElapsedTimer>();
     waited->start();
     QObject::connect(poll, &QTimer::timeout, poll, [poll, waited, action] {
         if (auto* screen = qobject_cast<T*>(QApplication::activeModalWidget())) {
             poll->stop();
             poll->deleteLater();
-            delete waited;
             action(screen);
         } else if (waited->elapsed() > 5000) {
             report('E', QStringLiteral("no %1 came up").arg(QLatin1String(T::staticMetaObject.className())));
             poll->stop();
             poll->deleteLater();
-            delete waited;
         }
     });
     poll->start(5);
+    return poll;
 }
 
 // One terminal: the map up, its tick timed, and a waiter at the keyboard.
@@ -154,17 +155,20 @@ private:
         for (int i = 0; i < itens; ++i)
             codigos << kCodes[m_random.bounded(quint32(std::size(kCodes)))];
         const QString senha = m_options.password;
-        onNextModal<Frm_Acesso>([senha](Frm_Acesso* f) {
+        QList<QPointer<QTimer>> vigias;
+        vigias << onNextModal<Frm_Acesso>([senha](Frm_Acesso* f) {
             f->activateWindow();
             if (!QTest::qWaitForWindowActive(f))
                 report('E', QStringLiteral("the password prompt never became the active window"));
             QTest::keyClicks(f->Text_senha, senha);
             QTest::keyClick(f->Text_senha, Qt::Key_Return);
         });
-        onNextModal<Frm_Mesa>([this, codigos](Frm_Mesa* f) { ring(*f, codigos); });
+        vigias << onNextModal<Frm_Mesa>([this, codigos](Frm_Mesa* f) { ring(*f, codigos); });
         // What a number and Enter in the quick access field run.
         mapa.activateWindow();
         mapa.card_Click(qint16(mesa - 1));
+        for (const QPointer<QTimer>& vigia : std::as_const(vigias))
+            delete vigia.data();
     }
 
     // Codes typed and Enter, each timed to its row on the list; then Escape sends and leaves.
@@ -204,21 +208,23 @@ private:
         if (sorte < 65) {
             QTest::keyClick(&f, Qt::Key_F4); // Conferência: the slip, and the screen closes
         } else if (sorte < 85) {
-            onNextModal<Frm_Recebimento>([](Frm_Recebimento* r) {
+            const QPointer<QTimer> vigia = onNextModal<Frm_Recebimento>([](Frm_Recebimento* r) {
                 QTest::keyClick(r->Text_Valor, Qt::Key_F3); // what is open, on the card
                 QTest::keyClick(r->Text_Valor, Qt::Key_Return);
                 if (Form::isLoaded<Frm_Recebimento>())
                     QTest::keyClick(r->Text_Valor, Qt::Key_Escape);
             });
             QTest::keyClick(&f, Qt::Key_F5);
+            delete vigia.data();
         } else {
-            onNextModal<Frm_Cancelamento>([](Frm_Cancelamento* c) {
+            const QPointer<QTimer> vigia = onNextModal<Frm_Cancelamento>([](Frm_Cancelamento* c) {
                 QTest::keyClicks(c->Text_Cancelamento, QStringLiteral("cliente desistiu do pedido na mesa"));
                 QTest::keyClick(c->Text_Cancelamento, Qt::Key_F1);
                 if (Form::isLoaded<Frm_Cancelamento>())
                     QTest::keyClick(c->Text_Cancelamento, Qt::Key_Escape);
             });
             QTest::keyClick(&f, Qt::Key_F6);
+            delete vigia.data();
         }
         if (tela && Form::isLoaded<Frm_Mesa>())
             QTest::keyClick(tela.data(), Qt::Key_Escape);
@@ -347,24 +353,51 @@ int runSimulation(const Options& options) {
         std::fprintf(stderr, "zarvel-sim: %s\n", qPrintable(describe(error)));
         return 1;
     }
-    QList<QProcess*> processes;
-    for (int i = 0; i < options.terminals; ++i) {
+    // A terminal that a failure ends is started again for the rest of the run, as the waiter
+    // would start the till again; its new life draws other numbers.
+    QElapsedTimer run;
+    run.start();
+    const auto startTerminal = [&](int i, int life) {
+        const int left = options.seconds - int(run.elapsed() / 1000);
         auto* process = new QProcess(qApp);
         process->setProcessChannelMode(QProcess::ForwardedErrorChannel);
         process->start(QCoreApplication::applicationFilePath(),
                        {QStringLiteral("--server"), options.server, QStringLiteral("--seconds"),
-                        QString::number(options.seconds), QStringLiteral("--seed"),
-                        QString::number(options.seed), QStringLiteral("--password"), options.password,
-                        QStringLiteral("--terminal"), QString::number(i)});
-        processes << process;
-    }
+                        QString::number(left), QStringLiteral("--seed"),
+                        QString::number(options.seed + 7717u * quint32(life)), QStringLiteral("--password"),
+                        options.password, QStringLiteral("--terminal"), QString::number(i)});
+        return process;
+    };
+    QVector<QProcess*> processes(options.terminals);
+    QVector<int> lives(options.terminals, 0);
+    for (int i = 0; i < options.terminals; ++i)
+        processes[i] = startTerminal(i, 0);
     Totals totals;
     int failed = 0;
-    for (QProcess* process : std::as_const(processes)) {
-        process->waitForFinished(-1);
-        totals.read(process->readAllStandardOutput());
-        if (process->exitStatus() != QProcess::NormalExit || process->exitCode() != 0)
-            ++failed;
+    int restarts = 0;
+    for (bool running = true; running;) {
+        running = false;
+        for (int i = 0; i < options.terminals; ++i) {
+            QProcess*& process = processes[i];
+            if (!process)
+                continue;
+            if (!process->waitForFinished(50)) {
+                running = true;
+                continue;
+            }
+            totals.read(process->readAllStandardOutput());
+            const bool endedByFailure =
+                process->exitStatus() == QProcess::NormalExit && process->exitCode() == 1;
+            if (process->exitStatus() != QProcess::NormalExit || process->exitCode() != 0)
+                ++failed;
+            delete process;
+            process = nullptr;
+            if (endedByFailure && run.elapsed() < (options.seconds - 5) * 1000LL) {
+                process = startTerminal(i, ++lives[i]);
+                ++restarts;
+                running = true;
+            }
+        }
     }
     const qlonglong found = itemsInStore(connectionString) - before;
     closePooledDatabases();
@@ -376,8 +409,8 @@ int runSimulation(const Options& options) {
                 percentile(totals.ticks, 0.5), percentile(totals.ticks, 0.99));
     std::printf("keyboard path: %d codes, p50 %.2f ms, p99 %.2f ms\n", int(totals.keys.size()),
                 percentile(totals.keys, 0.5), percentile(totals.keys, 0.99));
-    std::printf("terminals ended by a failure: %d, terminals that failed otherwise: %d\n", totals.ended,
-                failed - totals.ended);
+    std::printf("terminals ended by a failure: %d (started again: %d), terminals that failed otherwise: %d\n",
+                totals.ended, restarts, failed - totals.ended);
     for (auto it = totals.errors.cbegin(); it != totals.errors.cend(); ++it)
         std::printf("error x%d: %s\n", it.value(), qPrintable(it.key()));
     for (auto it = totals.notices.cbegin(); it != totals.notices.cend(); ++it)
