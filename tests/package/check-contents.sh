@@ -1,0 +1,94 @@
+#!/usr/bin/env bash
+# Checks a built till package without installing it: its name and dependencies, that it carries
+# the programs, links, desktop entry and icon, the empty folders the program writes in, and nothing
+# else: no build leftovers, nothing that the program itself creates on its first start.
+# Usage: tests/package/check-contents.sh dist/zarvel_<version>_amd64.deb
+set -uo pipefail
+deb="$1"
+root="$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)"
+failures=0
+fail() { echo "FAIL: $*"; failures=$((failures + 1)); }
+
+version="$(sed -n 's/^project(Zarvel VERSION \([0-9.]*\).*/\1/p' "$root/CMakeLists.txt")"
+[ "$(basename "$deb")" = "zarvel_${version}_amd64.deb" ] || fail "file name $(basename "$deb")"
+
+# Control fields: field, then a word the value must hold.
+while read -r field word; do
+    value="$(dpkg-deb -f "$deb" "$field")"
+    grep -qE "(^|[ ,])$word([ ,(]|$)" <<<"$value" || fail "$field lacks $word: $value"
+done <<'EOF_FIELDS'
+Package zarvel
+Architecture amd64
+Depends libqt6core6
+Depends libqt6widgets6
+Depends libqt6printsupport6
+Depends libqt6sql6-sqlite
+Depends libqt6sql6-odbc
+Depends libqt6sql6-psql
+Depends unixodbc
+Depends tdsodbc
+Depends fonts-liberation
+Depends fonts-dejavu-core
+Depends adduser
+EOF_FIELDS
+
+# Entries: mode and owner, then the path (a link with its target).
+listing="$(dpkg-deb -c "$deb" | awk '{ $3 = $4 = $5 = ""; print }' | tr -s ' ')"
+while read -r expected; do
+    grep -qxF -- "$expected" <<<"$listing" || fail "missing entry: $expected"
+done <<'EOF_ENTRIES'
+-rwxr-xr-x root/root ./opt/zarvel/zarvel
+-rwxr-xr-x root/root ./opt/zarvel/zarvel-demo
+lrwxrwxrwx root/root ./usr/bin/zarvel -> /opt/zarvel/zarvel
+lrwxrwxrwx root/root ./usr/bin/zarvel-demo -> /opt/zarvel/zarvel-demo
+-rw-r--r-- root/root ./usr/share/applications/zarvel.desktop
+-rw-r--r-- root/root ./usr/share/icons/hicolor/scalable/apps/zarvel.svg
+-rw-r--r-- root/root ./usr/share/doc/zarvel/zarvel-autostart.desktop
+drwxr-xr-x root/root ./etc/tarvex/
+drwxr-xr-x root/root ./opt/centralis/
+drwxr-xr-x root/root ./var/lib/zarvel/
+EOF_ENTRIES
+
+# Every path lies under one of these; the machine's and the updater's folders stay empty, since the
+# program writes SERVER.ini and the updater's mailbox itself, and log/ and config.ini likewise.
+allowed='^\./($|(etc|opt|usr|usr/bin|usr/share|var|var/lib)/'
+allowed+='|etc/tarvex/|opt/centralis/|var/lib/zarvel/|opt/zarvel/(zarvel|zarvel-demo)?'
+allowed+='|usr/bin/zarvel(-demo)?|usr/share/(applications|icons|doc)/.*)( -> .*)?$'
+while read -r path; do
+    grep -qE "$allowed" <<<"$path" || fail "unexpected entry: $path"
+    grep -qE 'CMakeFiles|_autogen|moc_|\.(o|a|cmake|ninja)$|/test_|SERVER\.ini|config\.ini|/log/|atualizador' \
+        <<<"$path" && fail "leftover: $path"
+done < <(dpkg-deb -c "$deb" | awk '{ print substr($0, index($0, "./")) }')
+
+unpacked="$(mktemp -d)"
+trap 'rm -rf "$unpacked"' EXIT
+dpkg-deb -x "$deb" "$unpacked"
+for program in zarvel zarvel-demo; do
+    elf="$unpacked/opt/zarvel/$program"
+    readelf -d "$elf" | grep -qE 'R(UN)?PATH' && fail "$program keeps a run path: $(readelf -d "$elf" | grep PATH)"
+    readelf -S "$elf" | grep -q '\.debug_' && fail "$program is not stripped"
+done
+
+# The desktop entry starts a program of the package and names its icon.
+desktop="$unpacked/usr/share/applications/zarvel.desktop"
+for file in "$desktop" "$unpacked/usr/share/doc/zarvel/zarvel-autostart.desktop"; do
+    exec_path="$(sed -n 's/^Exec=//p' "$file")"
+    [ -x "$unpacked$exec_path" ] || fail "$(basename "$file"): Exec=$exec_path is not in the package"
+    icon="$(sed -n 's/^Icon=//p' "$file")"
+    [ -f "$unpacked/usr/share/icons/hicolor/scalable/apps/$icon.svg" ] || fail "$(basename "$file"): no icon $icon"
+done
+grep -qx 'Type=Application' "$desktop" || fail "desktop entry: no Type=Application"
+
+# The maintainer scripts parse.
+control="$(mktemp -d)"
+dpkg-deb -e "$deb" "$control"
+for script in postinst postrm; do
+    sh -n "$control/$script" || fail "$script does not parse"
+done
+rm -rf "$control"
+
+if [ "$failures" -gt 0 ]; then
+    echo "$failures check(s) failed on $deb"
+    exit 1
+fi
+echo "package contents: all checks passed ($deb)"
