@@ -19,7 +19,7 @@ work="$(mktemp -d)"
 chmod 777 "$work"
 server_ini_before="$([ -e /etc/tarvex/SERVER.ini ] && echo yes || echo no)"
 cleanup() {
-    DEBIAN_FRONTEND=noninteractive apt-get purge -y -qq zarvel >/dev/null 2>&1 || true
+    DEBIAN_FRONTEND=noninteractive apt-get purge -y -qq -o DPkg::Lock::Timeout=300 zarvel >/dev/null 2>&1 || true
     # The machine file stays after a purge; this one was made here.
     if [ "$server_ini_before" = no ]; then
         rm -f /etc/tarvex/SERVER.ini
@@ -29,7 +29,7 @@ cleanup() {
 }
 trap cleanup EXIT
 
-DEBIAN_FRONTEND=noninteractive apt-get install -y -qq "$deb" >"$work/apt.log" 2>&1 ||
+DEBIAN_FRONTEND=noninteractive apt-get install -y -qq -o DPkg::Lock::Timeout=300 "$deb" >"$work/apt.log" 2>&1 ||
     { cat "$work/apt.log"; exit 1; }
 
 # The folders the terminal's user writes in belong to the group.
