@@ -5,7 +5,7 @@
 #   /etc/tarvex          the machine folder, empty: the program writes SERVER.ini on its first start
 #   /opt/centralis       the updater's folder, empty: the updater comes with its own installer
 #   /var/lib/zarvel      a place for the demo database made by zarvel-demo
-#   /usr/bin             links to the two programs
+#   /usr/bin             zarvel, a launcher of both programs, and the link zarvel-demo
 #   /usr/share/...       desktop entry, icon, an autostart example
 #
 # Files are owned by root in the package; the maintainer scripts create the group and give it the
@@ -20,16 +20,13 @@ foreach(folder IN ITEMS etc/tarvex opt/centralis var/lib/zarvel)
     install(DIRECTORY DESTINATION ${folder})
 endforeach()
 
-# /usr/bin/zarvel -> /opt/zarvel/zarvel. The program finds its folder through the resolved
-# executable, so starting it through the link still writes beside the real one.
-foreach(program IN ITEMS zarvel zarvel-demo)
-    set(link ${CMAKE_CURRENT_BINARY_DIR}/package-links/${program})
-    file(MAKE_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR}/package-links)
-    file(CREATE_LINK /${ZARVEL_PROGRAM_DIR}/${program} ${link} SYMBOLIC)
-    install(FILES ${link} DESTINATION usr/bin)
-endforeach()
-
 set(packaging ${PROJECT_SOURCE_DIR}/packaging)
+# /usr/bin/zarvel starts /opt/zarvel/zarvel with the group's umask; /usr/bin/zarvel-demo is a link
+# to it. The program finds its folder through its own executable, never through the launcher.
+configure_file(${packaging}/launcher.sh.in ${CMAKE_CURRENT_BINARY_DIR}/package-links/zarvel @ONLY)
+install(PROGRAMS ${CMAKE_CURRENT_BINARY_DIR}/package-links/zarvel DESTINATION usr/bin)
+file(CREATE_LINK zarvel ${CMAKE_CURRENT_BINARY_DIR}/package-links/zarvel-demo SYMBOLIC)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/package-links/zarvel-demo DESTINATION usr/bin)
 install(FILES ${packaging}/zarvel.desktop DESTINATION usr/share/applications)
 install(FILES ${packaging}/zarvel.svg DESTINATION usr/share/icons/hicolor/scalable/apps)
 install(FILES ${packaging}/zarvel-autostart.desktop

@@ -12,25 +12,12 @@ fail() { echo "FAIL: $*"; failures=$((failures + 1)); }
 version="$(sed -n 's/^project(Zarvel VERSION \([0-9.]*\).*/\1/p' "$root/CMakeLists.txt")"
 [ "$(basename "$deb")" = "zarvel_${version}_amd64.deb" ] || fail "file name $(basename "$deb")"
 
-# Control fields: field, then a word the value must hold.
-while read -r field word; do
-    value="$(dpkg-deb -f "$deb" "$field")"
-    grep -qE "(^|[ ,])$word([ ,(]|$)" <<<"$value" || fail "$field lacks $word: $value"
-done <<'EOF_FIELDS'
-Package zarvel
-Architecture amd64
-Depends libqt6core6
-Depends libqt6widgets6
-Depends libqt6printsupport6
-Depends libqt6sql6-sqlite
-Depends libqt6sql6-odbc
-Depends libqt6sql6-psql
-Depends unixodbc
-Depends tdsodbc
-Depends fonts-liberation
-Depends fonts-dejavu-core
-Depends adduser
-EOF_FIELDS
+# The run-time dependencies: what the programs link, and what Qt and the drivers load.
+depends="$(dpkg-deb -f "$deb" Depends)"
+for package in libqt6core6 libqt6widgets6 libqt6printsupport6 libqt6sql6-sqlite libqt6sql6-odbc \
+    libqt6sql6-psql unixodbc tdsodbc fonts-liberation fonts-dejavu-core adduser; do
+    grep -qE "(^|, )$package( |,|$)" <<<"$depends" || fail "Depends lacks $package: $depends"
+done
 
 # Entries: mode and owner, then the path (a link with its target).
 listing="$(dpkg-deb -c "$deb" | awk '{ $3 = $4 = $5 = ""; print }' | tr -s ' ')"
@@ -39,8 +26,8 @@ while read -r expected; do
 done <<'EOF_ENTRIES'
 -rwxr-xr-x root/root ./opt/zarvel/zarvel
 -rwxr-xr-x root/root ./opt/zarvel/zarvel-demo
-lrwxrwxrwx root/root ./usr/bin/zarvel -> /opt/zarvel/zarvel
-lrwxrwxrwx root/root ./usr/bin/zarvel-demo -> /opt/zarvel/zarvel-demo
+-rwxr-xr-x root/root ./usr/bin/zarvel
+lrwxrwxrwx root/root ./usr/bin/zarvel-demo -> zarvel
 -rw-r--r-- root/root ./usr/share/applications/zarvel.desktop
 -rw-r--r-- root/root ./usr/share/icons/hicolor/scalable/apps/zarvel.svg
 -rw-r--r-- root/root ./usr/share/doc/zarvel/zarvel-autostart.desktop
@@ -79,11 +66,17 @@ for file in "$desktop" "$unpacked/usr/share/doc/zarvel/zarvel-autostart.desktop"
 done
 grep -qx 'Type=Application' "$desktop" || fail "desktop entry: no Type=Application"
 
-# The maintainer scripts parse.
+# The launcher reaches a program of the package under each of its names.
+for name in zarvel zarvel-demo; do
+    target="$(sed -n 's|^exec "\([^$]*\)\$(basename "\$0")".*|\1|p' "$unpacked/usr/bin/zarvel")$name"
+    [ -x "$unpacked$target" ] || fail "launcher: /usr/bin/$name starts $target, not in the package"
+done
+
+# The shell scripts parse.
 control="$(mktemp -d)"
 dpkg-deb -e "$deb" "$control"
-for script in postinst postrm; do
-    sh -n "$control/$script" || fail "$script does not parse"
+for script in "$control/postinst" "$control/postrm" "$unpacked/usr/bin/zarvel"; do
+    sh -n "$script" || fail "$(basename "$script") does not parse"
 done
 rm -rf "$control"
 

@@ -66,4 +66,9 @@ log="/opt/zarvel/log/$(date +%d%m%Y).txt"
 # (in the machine's 8-bit code page)
 LC_ALL=C grep -q "Atualizador.exe n.o localizado" "$log" ||
     { echo "FAIL: no updater line in $log"; exit 1; }
+# What the programs made stays writable by the next user of the group.
+for file in "$log" /opt/zarvel/log /etc/tarvex/SERVER.ini /var/lib/zarvel/demo.db; do
+    [ -n "$(find "$file" -maxdepth 0 -group zarvel -perm -g+w)" ] ||
+        { echo "FAIL: $file is $(stat -c '%A %U:%G' "$file")"; exit 1; }
+done
 echo "installed package: installs, makes the demo database and reaches the login"
