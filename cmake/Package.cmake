@@ -29,8 +29,8 @@ file(CREATE_LINK zarvel ${CMAKE_CURRENT_BINARY_DIR}/package-links/zarvel-demo SY
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/package-links/zarvel-demo DESTINATION usr/bin)
 install(FILES ${packaging}/zarvel.desktop DESTINATION usr/share/applications)
 install(FILES ${packaging}/zarvel.svg DESTINATION usr/share/icons/hicolor/scalable/apps)
-install(FILES ${packaging}/zarvel-autostart.desktop
-        DESTINATION usr/share/doc/zarvel)
+# Beside the program's data rather than in doc/, which slim installs leave out.
+install(FILES ${packaging}/zarvel-autostart.desktop DESTINATION usr/share/zarvel)
 install(FILES ${packaging}/copyright DESTINATION usr/share/doc/zarvel)
 
 # Maintainer scripts, with the list of writable folders filled in.

@@ -9,10 +9,10 @@ build="${1:-$root/build}"
 packages=(build-essential cmake ninja-build qt6-base-dev qt6-base-dev-tools libqt6sql6-sqlite
           libqt6sql6-odbc libqt6test6 libgl-dev tdsodbc unixodbc libbenchmark-dev sqlite3
           xvfb xauth imagemagick fonts-dejavu-core fonts-liberation)
-# The Debian package: cpack finds the programs with file; the check of the installed till drives it
-# with xdotool.
-packages+=(file xdotool)
 missing=()
+# The Debian package: cpack finds the programs with file; the check of the installed till drives it
+# with xdotool, and its drivers are there before apt is asked to install it.
+packages+=(file xdotool libqt6sql6-psql)
 for p in "${packages[@]}"; do
     dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "ok installed" || missing+=("$p")
 done

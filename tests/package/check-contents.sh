@@ -30,7 +30,7 @@ done <<'EOF_ENTRIES'
 lrwxrwxrwx root/root ./usr/bin/zarvel-demo -> zarvel
 -rw-r--r-- root/root ./usr/share/applications/zarvel.desktop
 -rw-r--r-- root/root ./usr/share/icons/hicolor/scalable/apps/zarvel.svg
--rw-r--r-- root/root ./usr/share/doc/zarvel/zarvel-autostart.desktop
+-rw-r--r-- root/root ./usr/share/zarvel/zarvel-autostart.desktop
 drwxr-xr-x root/root ./etc/tarvex/
 drwxr-xr-x root/root ./opt/centralis/
 drwxr-xr-x root/root ./var/lib/zarvel/
@@ -40,7 +40,7 @@ EOF_ENTRIES
 # program writes SERVER.ini and the updater's mailbox itself, and log/ and config.ini likewise.
 allowed='^\./($|(etc|opt|usr|usr/bin|usr/share|var|var/lib)/'
 allowed+='|etc/tarvex/|opt/centralis/|var/lib/zarvel/|opt/zarvel/(zarvel|zarvel-demo)?'
-allowed+='|usr/bin/zarvel(-demo)?|usr/share/(applications|icons|doc)/.*)( -> .*)?$'
+allowed+='|usr/bin/zarvel(-demo)?|usr/share/(applications|icons|doc|zarvel)/.*)( -> .*)?$'
 while read -r path; do
     grep -qE "$allowed" <<<"$path" || fail "unexpected entry: $path"
     grep -qE 'CMakeFiles|_autogen|moc_|\.(o|a|cmake|ninja)$|/test_|SERVER\.ini|config\.ini|/log/|atualizador' \
@@ -58,7 +58,7 @@ done
 
 # The desktop entry starts a program of the package and names its icon.
 desktop="$unpacked/usr/share/applications/zarvel.desktop"
-for file in "$desktop" "$unpacked/usr/share/doc/zarvel/zarvel-autostart.desktop"; do
+for file in "$desktop" "$unpacked/usr/share/zarvel/zarvel-autostart.desktop"; do
     exec_path="$(sed -n 's/^Exec=//p' "$file")"
     [ -x "$unpacked$exec_path" ] || fail "$(basename "$file"): Exec=$exec_path is not in the package"
     icon="$(sed -n 's/^Icon=//p' "$file")"
