@@ -44,7 +44,7 @@ as_user=(setpriv --reuid=nobody --regid=nogroup --groups=zarvel --reset-env env 
 grep -q "IPCONEXAO=/var/lib/zarvel/demo.db" /etc/tarvex/SERVER.ini ||
     { echo "FAIL: zarvel-demo did not point SERVER.ini at the demo database"; exit 1; }
 
-# Through the link in /usr/bin, as the desktop's menu would start it.
+# Through the launcher in /usr/bin, as the desktop's menu starts it.
 cat >"$work/session.sh" <<EOF_SESSION
 zarvel &
 if xdotool search --sync --onlyvisible --name "^Cred.*nciais de acesso\$" >/dev/null; then
@@ -62,8 +62,8 @@ fi
 [ -z "$shot" ] || cp "$work/login.png" "$shot"
 
 # With no updater on the machine, the start logs that in the program's folder.
+# The line is in the machine's 8-bit code page.
 log="/opt/zarvel/log/$(date +%d%m%Y).txt"
-# (in the machine's 8-bit code page)
 LC_ALL=C grep -q "Atualizador.exe n.o localizado" "$log" ||
     { echo "FAIL: no updater line in $log"; exit 1; }
 # What the programs made stays writable by the next user of the group.
