@@ -1,12 +1,18 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds, and runs every test through ctest on the offscreen platform,
-# then once more in a second build under AddressSanitizer and UBSan, leaks included.
+# then builds the Debian package and checks it (installed, started and purged again when run as
+# root), then runs the tests once more in a second build under AddressSanitizer and UBSan, leaks
+# included.
 set -euo pipefail
 root="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
 build="$root/build"
 "$root/scripts/setup.sh" "$build"
 cd "$build"
 QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j "$(nproc)"
+
+deb="$("$root/scripts/package.sh" "$build" | tail -n 1)"
+"$root/tests/package/check-contents.sh" "$deb"
+"$root/tests/package/check-installed.sh" "$deb"
 
 asan="$root/build-asan"
 cmake -S "$root" -B "$asan" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DASAN=ON -DZARVEL_BENCH=OFF >/dev/null
