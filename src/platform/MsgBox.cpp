@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 
 namespace {
@@ -30,7 +31,15 @@ int MsgBox(const QString& prompt, int style, const QString& title) {
     if (hook())
         return hook()({prompt, style, caption});
 
-    QMessageBox box(QApplication::activeWindow());
+    // Without a window manager nothing hands the keyboard back to the window that asked: it goes
+    // where the pointer is. Give it back, so the user goes on typing where the box interrupted.
+    const QPointer<QWidget> owner = QApplication::activeWindow();
+    const auto ask = [&owner](QMessageBox& box) {
+        box.exec();
+        if (owner)
+            owner->activateWindow();
+    };
+    QMessageBox box(owner);
     box.setWindowTitle(caption);
     // The original's texts break lines with CR LF; a label wants plain line feeds.
     box.setText(QString(prompt).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
@@ -55,12 +64,12 @@ int MsgBox(const QString& prompt, int style, const QString& title) {
         QPushButton* no = box.addButton(QStringLiteral("Não"), QMessageBox::NoRole);
         box.setDefaultButton((style & vbDefaultButton2) ? no : yes);
         box.setEscapeButton(no);
-        box.exec();
+        ask(box);
         return box.clickedButton() == yes ? vbYes : vbNo;
     }
     QPushButton* ok = box.addButton(QStringLiteral("OK"), QMessageBox::AcceptRole);
     box.setDefaultButton(ok);
     box.setEscapeButton(ok);
-    box.exec();
+    ask(box);
     return vbOK;
 }
