@@ -48,7 +48,7 @@ set(CPACK_PACKAGE_VENDOR "Zarvel")
 set(CPACK_PACKAGE_CONTACT "Zarvel <dev@zarvel.local>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Table-service front end for bars and restaurants")
 set(CPACK_PACKAGE_DESCRIPTION "One process per till or waiter terminal, all terminals on the back \
-office's SQL database (SQL Server through FreeTDS, or an SQLite file). Ships zarvel-demo, which \
+office's SQL database (SQL Server through FreeTDS, PostgreSQL, or an SQLite file). Ships zarvel-demo, which \
 makes the database of a small bar to try a till without the back office.")
 set(CPACK_PACKAGING_INSTALL_PREFIX /)
 set(CPACK_STRIP_FILES ON)
