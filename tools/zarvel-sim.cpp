@@ -370,6 +370,7 @@ int runSimulation(const Options& options) {
     };
     QVector<QProcess*> processes(options.terminals);
     QVector<int> lives(options.terminals, 0);
+    QVector<QByteArray> output(options.terminals);
     for (int i = 0; i < options.terminals; ++i)
         processes[i] = startTerminal(i, 0);
     Totals totals;
@@ -381,11 +382,16 @@ int runSimulation(const Options& options) {
             QProcess*& process = processes[i];
             if (!process)
                 continue;
-            if (!process->waitForFinished(50)) {
+            // Read as it comes, so that no terminal waits on a full pipe; a process that finished
+            // while another was waited on is already NotRunning, which waitForFinished won't report.
+            output[i] += process->readAllStandardOutput();
+            if (process->state() != QProcess::NotRunning && !process->waitForFinished(50)) {
                 running = true;
                 continue;
             }
-            totals.read(process->readAllStandardOutput());
+            output[i] += process->readAllStandardOutput();
+            totals.read(output[i]);
+            output[i].clear();
             const bool endedByFailure =
                 process->exitStatus() == QProcess::NormalExit && process->exitCode() == 1;
             if (process->exitStatus() != QProcess::NormalExit || process->exitCode() != 0)
