@@ -20,6 +20,7 @@ start)
     port="$3"
     mkdir -p "$folder"
     [ "$(id -u)" -ne 0 ] || chown postgres: "$folder"
+    cd "$folder" # the server's user may not be allowed into the caller's folder
     if [ ! -f "$folder/data/PG_VERSION" ]; then
         as_owner "$bindir/initdb" -D "$folder/data" -U postgres -A trust -E UTF8 --locale=C.UTF-8 >/dev/null
     fi
@@ -32,6 +33,7 @@ start)
              CREATE ROLE sa LOGIN CREATEDB PASSWORD '@vzqrmlkd#318'; END IF; END\$\$;"
     ;;
 stop)
+    cd /
     if [ -f "$folder/data/postmaster.pid" ]; then
         as_owner "$bindir/pg_ctl" -D "$folder/data" -m immediate -w stop >/dev/null || true
     fi
