@@ -88,7 +88,8 @@ std::unique_ptr<Recordset::Data> Recordset::Data::fromQuery(SqlSession& session,
         d->fetch(-1);
         return d;
     }
-    d->fetch(firstRows);
+    // The current row is always read: only navigations and searches read on.
+    d->fetch(qMax(1, firstRows));
     if (d->pending) {
         Data* copy = d.get();
         onReaderClosing(reader, [copy] { copy->fetchAll(); });
