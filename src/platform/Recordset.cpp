@@ -192,16 +192,20 @@ int Recordset::currentRow() const {
 }
 
 int Recordset::RecordCount() const {
-    return open().view.size();
+    Data& data = open();
+    data.fetchAll();
+    return data.view.size();
 }
 
 bool Recordset::Eof() const {
-    const Data& data = open();
+    Data& data = open();
+    data.reach(0);
     return data.view.isEmpty() || data.position >= data.view.size();
 }
 
 bool Recordset::Bof() const {
-    const Data& data = open();
+    Data& data = open();
+    data.reach(0);
     return data.view.isEmpty() || data.position < 0;
 }
 
@@ -253,13 +257,15 @@ void Recordset::moveTo(int position) {
 }
 
 void Recordset::MoveFirst() {
-    if (open().view.isEmpty())
+    open().reach(0);
+    if (d->view.isEmpty())
         raiseError(vbErr::NoCurrentRecord);
     moveTo(0);
 }
 
 void Recordset::MoveLast() {
-    if (open().view.isEmpty())
+    open().fetchAll();
+    if (d->view.isEmpty())
         raiseError(vbErr::NoCurrentRecord);
     moveTo(d->view.size() - 1);
 }
@@ -267,12 +273,18 @@ void Recordset::MoveLast() {
 void Recordset::MoveNext() {
     if (Eof())
         raiseError(vbErr::NoCurrentRecord);
+    // From an added row the next one is known; from one of the statement's, it may be unread.
+    if (!d->pastRead(d->position))
+        d->reach(d->position + 1);
     moveTo(d->position + 1);
 }
 
 void Recordset::MovePrevious() {
     if (Bof())
         raiseError(vbErr::NoCurrentRecord);
+    // Before the first added row comes the statement's last.
+    if (d->pastRead(d->position))
+        d->fetchAll();
     moveTo(d->position - 1);
 }
 
@@ -294,15 +306,21 @@ void Recordset::Find(const QString& criteria, int skipRecords, SearchDirection d
         raiseError(vbErr::NoCurrentRecord);
     save(data);
     const int step = direction == adSearchBackward ? -1 : 1;
+    if (step < 0 || data.pastRead(data.position))
+        data.fetchAll();
     int position = data.position + step * skipRecords;
-    while (position >= 0 && position < data.view.size() &&
-           !criterion.matches(data.values(data.rows[data.view[position]])))
+    while (position >= 0) {
+        data.reach(position);
+        if (position >= data.view.size() || criterion.matches(data.values(data.rows[data.view[position]])))
+            break;
         position += step;
+    }
     data.position = qBound(-1, position, int(data.view.size()));
 }
 
 void Recordset::setFilter(const QString& criteria) {
     Data& data = open();
+    data.fetchAll();
     QVector<int> view;
     if (criteria.trimmed().isEmpty()) {
         save(data);
@@ -329,30 +347,46 @@ QVariant Recordset::Bookmark() const {
     const Data& data = open();
     if (!hasCurrent(data))
         raiseError(vbErr::NoCurrentRecord);
-    return data.view[data.position];
+    return data.rows.at(data.view[data.position]).bookmark;
 }
 
 int Recordset::AbsolutePosition() const {
-    const Data& data = open();
-    return hasCurrent(data) ? data.position + 1 : 0;
+    Data& data = open();
+    if (!hasCurrent(data))
+        return 0;
+    if (data.pastRead(data.position))
+        data.fetchAll();
+    return data.position + 1;
 }
 
 void Recordset::setAbsolutePosition(int position) {
-    if (position < 1 || position > open().view.size())
+    open().reach(position - 1);
+    if (position < 1 || position > d->view.size())
         raiseError(vbErr::InvalidCall);
     moveTo(position - 1);
 }
 
 QVariant Recordset::valueAt(int position, int column) const {
-    const Data& data = open();
+    Data& data = open();
+    data.reach(position - 1);
     return data.value(data.rows.at(data.view.at(position - 1)), column);
 }
 
 void Recordset::setBookmark(const QVariant& bookmark) {
     Data& data = open();
     bool ok = false;
-    const int row = bookmark.toInt(&ok);
-    const int position = ok ? data.view.indexOf(row) : -1;
+    const int token = bookmark.toInt(&ok);
+    const auto find = [&data, token] {
+        for (int i = 0; i < data.view.size(); ++i)
+            if (data.rows.at(data.view[i]).bookmark == token)
+                return i;
+        return -1;
+    };
+    int position = ok ? find() : -1;
+    if (ok && position < 0 && data.pending) {
+        data.fetchAll();
+        position = find();
+    }
     if (position < 0)
         raiseError(vbErr::BadArguments);
     moveTo(position);
@@ -365,6 +399,7 @@ void Recordset::AddNew() {
     row.values.resize(data.columns.size());
     row.original.resize(data.columns.size());
     row.added = true;
+    row.bookmark = -++data.addedRows;
     data.rows.append(row);
     data.view.append(data.rows.size() - 1);
     data.position = data.view.size() - 1;

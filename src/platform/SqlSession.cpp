@@ -68,6 +68,12 @@ thread_local QHash<QString, QHash<QString, TableInfo>> t_tables; // by pooled co
 // The command time-out a pooled connection applies now, where the engine keeps it per connection.
 thread_local QHash<QString, int> t_commandTimeouts; // seconds, by pooled connection name
 
+// Reading connections: the idle ones by connection string, and what a lent one's copy must do
+// before the pooled connections close.
+thread_local QHash<QString, QStringList> t_idleReaders;
+thread_local QHash<QString, std::function<void()>> t_lentReaders;
+thread_local int t_readerCount = 0;
+
 void dropPooled(const QString& name) {
     t_commandTimeouts.remove(name);
     {
@@ -278,6 +284,12 @@ QSqlDatabase pooledDatabase(const QString& connectionString, int connectionTimeo
         dropPooled(name);
     }
 
+    // Idle reading connections may hold a file that has since been replaced: they go with the
+    // connection they were opened beside.
+    const QStringList idle = t_idleReaders.take(connectionString);
+    for (const QString& reader : idle)
+        dropPooled(reader);
+
     QSqlDatabase db;
     if (dialect == Dialect::SQLite) {
         db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
@@ -341,6 +353,13 @@ QSqlDatabase pooledDatabase(const QString& connectionString, int connectionTimeo
 }
 
 void closePooledDatabases() {
+    // The copies still reading finish first: their rows stay theirs after the files go.
+    const QList<std::function<void()>> reading = t_lentReaders.values();
+    for (const std::function<void()>& finish : reading)
+        if (finish)
+            finish();
+    t_lentReaders.clear();
+    t_idleReaders.clear();
     const QString prefix = poolPrefix();
     const QStringList names = QSqlDatabase::connectionNames();
     for (const QString& name : names) {
@@ -471,6 +490,52 @@ QSqlQuery SqlSession::exec(const QString& sql, const QVariantList& values, bool 
     const QString name = db.connectionName();
     db = QSqlDatabase();
     raiseSqlError(m_dialect, error, name);
+}
+
+QSqlQuery SqlSession::execReading(const QString& sql, QString& reader) {
+    QSqlDatabase main = pooledDatabase(m_connectionString, m_connectionTimeout);
+    applyCommandTimeout(main);
+    QStringList& idle = t_idleReaders[m_connectionString];
+    if (idle.isEmpty()) {
+        reader = poolPrefix() + QStringLiteral("reader%1|").arg(++t_readerCount) + m_connectionString;
+        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), reader);
+        db.setDatabaseName(main.databaseName());
+        db.setConnectOptions(
+            QStringLiteral("QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=%1").arg(busyWaitMs(m_commandTimeout)));
+        if (!db.open()) {
+            const QSqlError error = db.lastError();
+            db = QSqlDatabase();
+            dropPooled(reader);
+            raiseSqlError(m_dialect, error, reader);
+        }
+    } else {
+        reader = idle.takeLast();
+    }
+    if (s_observer)
+        s_observer(sql);
+    QSqlError error;
+    {
+        QSqlQuery q(QSqlDatabase::database(reader, false));
+        q.setForwardOnly(true);
+        if (q.exec(sql)) {
+            t_lentReaders.insert(reader, nullptr);
+            return q;
+        }
+        error = q.lastError();
+    }
+    dropPooled(reader);
+    raiseSqlError(m_dialect, error, reader);
+}
+
+void releaseReader(const QString& reader) {
+    if (!t_lentReaders.remove(reader))
+        return; // closed with the pool meanwhile
+    const QString connectionString = reader.mid(reader.indexOf(QLatin1Char('|'), poolPrefix().size()) + 1);
+    t_idleReaders[connectionString].append(reader);
+}
+
+void onReaderClosing(const QString& reader, std::function<void()> finish) {
+    t_lentReaders.insert(reader, std::move(finish));
 }
 
 TableInfo SqlSession::tableInfo(const QString& table) {

@@ -8,6 +8,7 @@
 #include <QString>
 #include <QStringList>
 #include <QVariantList>
+#include <functional>
 
 // Inside the data layer: one connection string's pooled session, the statements run on it and what
 // the layer learns of a table. Not for the program's own code, which goes through Connection,
@@ -35,6 +36,13 @@ public:
     // look-ups pass observed = false: the observer sees what the program sends.
     QSqlQuery exec(const QString& sql, const QVariantList& values = {}, bool observed = true);
 
+    // SQLite: runs a SELECT on a reading connection of its own, lent from this thread's pool, so
+    // that rows read from it later are the rows of this moment whatever is written meanwhile, on
+    // the pooled connection or elsewhere (WAL keeps a reader's snapshot until its statement ends).
+    // `reader` receives the connection's name, to be given back with releaseReader once the
+    // query is gone. Failures raise as exec's do.
+    QSqlQuery execReading(const QString& sql, QString& reader);
+
     // Key and column kinds of a table, cached per connection until a statement changes the schema.
     TableInfo tableInfo(const QString& table);
 
@@ -56,6 +64,12 @@ private:
     int m_commandTimeout;
     Dialect m_dialect;
 };
+
+// Gives a reading connection back to its pool; its query must be finished or gone.
+void releaseReader(const QString& reader);
+// What must happen to the statement of a lent reading connection before the pooled connections
+// close: the copy reading from it reads the rest of its rows, then releases the reader.
+void onReaderClosing(const QString& reader, std::function<void()> finish);
 
 // A value read from the database as the copy holds it.
 QVariant fromDatabase(Dialect dialect, const QVariant& value, ColumnKind kind);

@@ -50,6 +50,8 @@ public:
     void List_Finalizadoras_ItemClick(QListWidgetItem* Item);
     void List_Finalizadoras_MouseUp(int Button, int Shift, double X, double Y);
     void mnu_recebimentos_excluir_Click();
+    // Reads what was paid and what the tab is worth, and shows the totals and the payments.
+    void calculaTotais();
 
     // The list view's dimmed drawing: only the chosen tender stands out.
     static bool Ghosted(const QListWidgetItem* item);
@@ -67,7 +69,6 @@ private:
     // The grid's menu, at the pointer wherever the request came from.
     void Dtg_Recebimentos_ContextMenu(const QPoint& Ignorado);
 
-    void calculaTotais();
     void gravarRecebimento(qint16 idComanda, const QString& finalizadora, double valor,
                            const QString& observacao);
     void excluirRecebimento();

@@ -44,18 +44,32 @@ Equivalente testeDeTabela(const QString& tabela) {
             minusculas(tabela)};
 }
 
+QString testeDeIndiceSqlite(const QString& tabela, const QString& indice) {
+    return QStringLiteral("SELECT COUNT(*) FROM sqlite_master WHERE type = 'index' AND tbl_name = ") +
+           aspas(tabela) + QStringLiteral(" COLLATE NOCASE AND name = ") + aspas(indice) +
+           QStringLiteral(" COLLATE NOCASE");
+}
+
 // SQLite can't add a key to an existing table: the nearest thing the same test finds by the key's
 // name is a unique index of that name.
 Equivalente testeDeChave(const QString& tabela, const QString& chave) {
     return {
         QStringLiteral("SELECT COUNT(*) FROM INFORMATION_SCHEMA.CONSTRAINT_TABLE_USAGE WHERE TABLE_NAME = ") +
             aspas(tabela) + QStringLiteral(" AND CONSTRAINT_NAME = ") + aspas(chave),
-        QStringLiteral("SELECT COUNT(*) FROM sqlite_master WHERE type = 'index' AND tbl_name = ") +
-            aspas(tabela) + QStringLiteral(" COLLATE NOCASE AND name = ") + aspas(chave) +
-            QStringLiteral(" COLLATE NOCASE"),
+        testeDeIndiceSqlite(tabela, chave),
         QStringLiteral("SELECT COUNT(*) FROM INFORMATION_SCHEMA.CONSTRAINT_TABLE_USAGE WHERE TABLE_SCHEMA = "
                        "current_schema() AND TABLE_NAME = ") +
             minusculas(tabela) + QStringLiteral(" AND CONSTRAINT_NAME = ") + minusculas(chave)};
+}
+
+// An index of the tab tables, by its name on its table.
+Equivalente testeDeIndice(const QString& tabela, const QString& indice) {
+    return {QStringLiteral("SELECT COUNT(*) FROM sys.indexes WHERE object_id = OBJECT_ID(") +
+                aspas(QStringLiteral("dbo.") + tabela) + QStringLiteral(") AND name = ") + aspas(indice),
+            testeDeIndiceSqlite(tabela, indice),
+            QStringLiteral(
+                "SELECT COUNT(*) FROM pg_indexes WHERE schemaname = current_schema() AND tablename = ") +
+                minusculas(tabela) + QStringLiteral(" AND indexname = ") + minusculas(indice)};
 }
 
 // PostgreSQL's own bit is a bit string, and it has no tinyint: the back office there declares the
@@ -139,6 +153,37 @@ std::vector<PassoDoBanco> passosDoBanco(const QString& impressoraPadrao) {
         {testeDeTabela(QStringLiteral("Tb_Comandas")), 0, comandosTbComandas(), {}},
         {testeDeTabela(QStringLiteral("Tb_Comandas_Itens")), 0, comandosTbComandasItens(), {}},
         {testeDeTabela(QStringLiteral("Tb_Comandas_Recebimentos")), 0, comandosTbComandasRecebimentos(), {}},
+        // The hot queries of the tab tables: the open tabs (the map's tick, a table's own tab), a
+        // few among the whole history, and the items and payments of one tab. The statements stay
+        // as they are; only the engine's plan changes.
+        {testeDeIndice(QStringLiteral("Tb_Comandas"), QStringLiteral("IX_Tb_Comandas_abertas")),
+         0,
+         {{QStringLiteral("CREATE NONCLUSTERED INDEX [IX_Tb_Comandas_abertas] ON [dbo].[Tb_Comandas] ([mesa] "
+                          "ASC) WHERE [status] <> 0"),
+           QStringLiteral(
+               "CREATE INDEX [IX_Tb_Comandas_abertas] ON [Tb_Comandas] ([mesa] ASC) WHERE [status] <> 0"),
+           QStringLiteral("CREATE INDEX IX_Tb_Comandas_abertas ON Tb_Comandas (mesa) WHERE status <> 0")}},
+         {}},
+        {testeDeIndice(QStringLiteral("Tb_Comandas_Itens"),
+                       QStringLiteral("IX_Tb_Comandas_Itens_id_comanda")),
+         0,
+         {{QStringLiteral("CREATE NONCLUSTERED INDEX [IX_Tb_Comandas_Itens_id_comanda] ON "
+                          "[dbo].[Tb_Comandas_Itens] ([id_comanda] ASC)"),
+           QStringLiteral(
+               "CREATE INDEX [IX_Tb_Comandas_Itens_id_comanda] ON [Tb_Comandas_Itens] ([id_comanda] ASC)"),
+           QStringLiteral("CREATE INDEX IX_Tb_Comandas_Itens_id_comanda ON Tb_Comandas_Itens (id_comanda)")}},
+         {}},
+        {testeDeIndice(QStringLiteral("Tb_Comandas_Recebimentos"),
+                       QStringLiteral("IX_Tb_Comandas_Recebimentos_id_comanda")),
+         0,
+         {{QStringLiteral("CREATE NONCLUSTERED INDEX [IX_Tb_Comandas_Recebimentos_id_comanda] ON "
+                          "[dbo].[Tb_Comandas_Recebimentos] ([id_comanda] ASC)"),
+           QStringLiteral(
+               "CREATE INDEX [IX_Tb_Comandas_Recebimentos_id_comanda] ON [Tb_Comandas_Recebimentos] "
+               "([id_comanda] ASC)"),
+           QStringLiteral("CREATE INDEX IX_Tb_Comandas_Recebimentos_id_comanda ON Tb_Comandas_Recebimentos "
+                          "(id_comanda)")}},
+         {}},
     };
 }
 

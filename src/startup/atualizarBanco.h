@@ -6,7 +6,8 @@
 #include <vector>
 
 // The schema upgrade of every start: the columns this system keeps in back-office tables, the two
-// back-office primary keys and the three tab tables, each change behind a catalogue test.
+// back-office primary keys, the three tab tables and the indexes their hot queries need, each change
+// behind a catalogue test.
 void atualizarBanco();
 
 // A test (a SELECT COUNT(*)), the count that lets the step run, its statements in order, and the

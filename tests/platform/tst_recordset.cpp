@@ -1,5 +1,6 @@
 #include "platform/Connection.h"
 #include "platform/DataControl.h"
+#include "platform/RecordsetData.h"
 #include "platform/RuntimeError.h"
 #include "support/BancoDeTeste.h"
 #include "support/Support.h"
@@ -18,6 +19,68 @@ QStringList column(Recordset& rs, const QString& name) {
     for (rs.MoveFirst(); !rs.Eof(); rs.MoveNext())
         values << rs.Fields(name).Value().toString();
     return values;
+}
+// Runs a script on a copy of the staff table and returns what each step saw, so that two ways of
+// reading the same statement can be compared. Steps, separated by "; ": first, next, prev, last,
+// count, eof, bof, pos, goto N, at N (the name at position N), name, find CRIT, findback CRIT,
+// skip CRIT (forward from the row after), filter CRIT, mark, back (to the mark), add ID NAME, set
+// NAME, update, other SQL (another terminal writes), self SQL (this terminal writes), drop (the
+// pooled connections close). A step that raises shows "!" and the error's number.
+QString trace(const QString& connectionString, const QString& script) {
+    Recordset rs = executeStatement(connectionString, QStringLiteral("SELECT * FROM Tb_Colaborador"));
+    const auto name = [&rs] { return rs.Fields(QStringLiteral("Nome")).Value().toString(); };
+    QVariant mark;
+    QStringList seen;
+    for (const QString& step : script.split(QStringLiteral("; "))) {
+        const QString op = step.section(QLatin1Char(' '), 0, 0);
+        const QString arg = step.section(QLatin1Char(' '), 1);
+        QString out;
+        const RuntimeError error = raisedBy([&] {
+            const QHash<QString, std::function<void()>> steps = {
+                {"first", [&] { rs.MoveFirst(); }},
+                {"next", [&] { rs.MoveNext(); }},
+                {"prev", [&] { rs.MovePrevious(); }},
+                {"last", [&] { rs.MoveLast(); }},
+                {"count", [&] { out = QString::number(rs.RecordCount()); }},
+                {"eof", [&] { out = rs.Eof() ? "T" : "F"; }},
+                {"bof", [&] { out = rs.Bof() ? "T" : "F"; }},
+                {"pos", [&] { out = QString::number(rs.AbsolutePosition()); }},
+                {"goto", [&] { rs.setAbsolutePosition(arg.toInt()); }},
+                {"at", [&] { out = rs.valueAt(arg.toInt(), 1).toString(); }},
+                {"name", [&] { out = name(); }},
+                {"find", [&] { rs.Find(arg); }},
+                {"findback", [&] { rs.Find(arg, 0, adSearchBackward); }},
+                {"skip", [&] { rs.Find(arg, 1); }},
+                {"filter", [&] { rs.setFilter(arg); }},
+                {"mark", [&] { mark = rs.Bookmark(); }},
+                {"back", [&] { rs.setBookmark(mark); }},
+                {"add",
+                 [&] {
+                     rs.AddNew();
+                     rs.Fields(0).setValue(arg.section(QLatin1Char(' '), 0, 0).toInt());
+                     rs.Fields(QStringLiteral("Nome")).setValue(arg.section(QLatin1Char(' '), 1));
+                 }},
+                {"set", [&] { rs.Fields(QStringLiteral("Nome")).setValue(arg); }},
+                {"update", [&] { rs.Update(); }},
+                {"other", [&] { executar(arg, secondTerminal(connectionString)); }},
+                {"self", [&] { executeStatement(connectionString, arg); }},
+                {"drop", [&] { closePooledDatabases(); }},
+            };
+            steps.value(op)();
+        });
+        seen << (error.Number ? QStringLiteral("!%1").arg(error.Number) : out);
+    }
+    return seen.join(QLatin1Char(' ')).trimmed();
+}
+
+// Staff 1 to 9: the test back office's three, then six more.
+QString staffOfNine(const TestEnvironment& env) {
+    const QString connectionString = bancoDeTeste(env);
+    for (int id = 4; id <= 9; ++id)
+        executar(QStringLiteral("INSERT INTO Tb_Colaborador (ID_Colaborador, Nome, Senha) VALUES (%1, "
+                                "'N%1', '%1')")
+                     .arg(id));
+    return connectionString;
 }
 } // namespace
 
@@ -333,6 +396,49 @@ private slots:
         Recordset left = executeStatement(db, pending);
         QCOMPARE(left.RecordCount(), 1);
         QVERIFY(left.Fields(QStringLiteral("id_comanda_item")).Value().toInt() != id);
+    }
+
+    // However few rows the statement gives at first, every step sees what the copy read whole
+    // shows: the rows of the moment the statement ran, writes made since on this terminal or
+    // another left out, added rows after all of the statement's, positions, bookmarks and the
+    // optimistic lock unchanged.
+    void readAsNeededShowsWhatTheWholeCopyShows_data() {
+        QTest::addColumn<QString>("script");
+        QTest::newRow("table opened: added, then walked")
+            << "add 20 NOVA; update; name; pos; count; last; name; prev; name; first; name; mark; eof";
+        QTest::newRow("added before the rest is read, then stepped onto")
+            << "next; add 20 NOVA; name; prev; name; pos; next; name; next; eof; prev; prev; name; count";
+        QTest::newRow("walked to the end and back")
+            << "bof; eof; name; next; next; next; name; pos; goto 9; name; next; eof; pos; next; prev; "
+               "name; first; prev; bof; prev";
+        QTest::newRow("written since, elsewhere and here")
+            << "other UPDATE Tb_Colaborador SET Nome = 'X' WHERE ID_Colaborador = 7; self DELETE FROM "
+               "Tb_Colaborador WHERE ID_Colaborador = 8; other INSERT INTO Tb_Colaborador (ID_Colaborador, "
+               "Nome, Senha) VALUES (30, 'Y', '0'); goto 7; name; set Z; update; at 8; count; last; name";
+        QTest::newRow("searches")
+            << "find Nome = 'N6'; pos; skip Nome LIKE 'N*'; pos; findback ID_Colaborador < 3; name; find "
+               "Nome = 'NADA'; eof; pos; first; find ID_Colaborador > 8; name";
+        QTest::newRow("positions and values by place")
+            << "at 9; goto 10; goto 5; name; at 2; pos; add 11 K; pos; at 10; goto 10; name; count";
+        QTest::newRow("bookmarks and filters") << "goto 4; mark; last; back; name; add 12 M; mark; first; "
+                                                  "back; name; filter ID_Colaborador > 5; "
+                                                  "count; back; pos; filter ; count";
+        QTest::newRow("pooled connections closed while reading")
+            << "next; name; drop; next; name; count; last; name";
+    }
+    void readAsNeededShowsWhatTheWholeCopyShows() {
+        QFETCH(QString, script);
+        const int firstRows = Recordset::Data::firstRows;
+        const auto run = [&](int rows) {
+            Recordset::Data::firstRows = rows;
+            TestEnvironment fresh;
+            const QString result = trace(staffOfNine(fresh), script);
+            Recordset::Data::firstRows = firstRows;
+            return result;
+        };
+        const QString whole = run(1000);
+        for (int rows : {1, 2, 8})
+            QCOMPARE(run(rows), whole);
     }
 
 private:

@@ -49,8 +49,14 @@ private slots:
         atualizarBanco();
         setStatementObserver(nullptr);
         QVERIFY(boxes().isEmpty());
-        QCOMPARE(enviados.size(), 21);
-        QCOMPARE(enviados.filter(QStringLiteral("SELECT COUNT(*) FROM INFORMATION_SCHEMA.")).size(), 21);
+        QCOMPARE(enviados.size(), 24);
+        QCOMPARE(enviados.filter(QStringLiteral("SELECT COUNT(*) FROM ")).size(), 24);
+        QCOMPARE(
+            consultar(QStringLiteral("SELECT string_agg(indexname, ' ' ORDER BY indexname) FROM pg_indexes "
+                                     "WHERE schemaname = current_schema() AND indexname LIKE 'ix_%'"))
+                .toString(),
+            QStringLiteral("ix_tb_comandas_abertas ix_tb_comandas_itens_id_comanda "
+                           "ix_tb_comandas_recebimentos_id_comanda"));
     }
 
     // A row made through the copy comes back with its identity and its values as the program

@@ -18,10 +18,10 @@ void executar(const QString& sql, const QString& conexao) {
     cn.Execute(sql);
 }
 
-QVariant consultar(const QString& sql) {
+QVariant consultar(const QString& sql, int campo) {
     Connection cn;
     cn.Open(conexaoLocal);
-    return cn.Execute(sql).Fields(0).Value();
+    return cn.Execute(sql).Fields(campo).Value();
 }
 
 int abrirComanda(int mesa, int status, double valorTotal, const QDateTime& movimento, int colaborador) {

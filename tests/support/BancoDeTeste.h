@@ -13,8 +13,8 @@ QString bancoDeTeste(const TestEnvironment& env);
 
 // A statement on conexaoLocal, or on the connection string given (another terminal's).
 void executar(const QString& sql, const QString& conexao = QString());
-// The first field of the first row of a query on conexaoLocal.
-QVariant consultar(const QString& sql);
+// A field (the first unless told) of the first row of a query on conexaoLocal.
+QVariant consultar(const QString& sql, int campo = 0);
 
 // An open tab of a table as another terminal leaves it (written on a connection of its own):
 // identificacao "MESA: nn", created and last moved at movimento (testMoment() when not given).
