@@ -27,6 +27,7 @@
 #include "startup/variaveisGlobais.h"
 #include "store/Comanda.h"
 #include "table/Frm_Mesa.h"
+#include "transfer/Frm_Transferir.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -197,17 +198,17 @@ private:
     }
 
     // How the waiter leaves the table: mostly sending, else the slip, a payment of what is open,
-    // or a cancellation; each leaves by the screen's own keys.
+    // the first item moved to another table, or a cancellation; each by the screen's own keys.
     void fechar(Frm_Mesa& f) {
         QPointer<Frm_Mesa> tela(&f);
         const quint32 sorte = m_random.bounded(100u);
-        if (sorte < 50) {
+        if (sorte < 45) {
             QTest::keyClick(&f, Qt::Key_Escape); // Enviar
             return;
         }
-        if (sorte < 65) {
+        if (sorte < 60) {
             QTest::keyClick(&f, Qt::Key_F4); // Conferência: the slip, and the screen closes
-        } else if (sorte < 85) {
+        } else if (sorte < 78) {
             const QPointer<QTimer> vigia = onNextModal<Frm_Recebimento>([](Frm_Recebimento* r) {
                 QTest::keyClick(r->Text_Valor, Qt::Key_F3); // what is open, on the card
                 QTest::keyClick(r->Text_Valor, Qt::Key_Return);
@@ -215,6 +216,19 @@ private:
                     QTest::keyClick(r->Text_Valor, Qt::Key_Escape);
             });
             QTest::keyClick(&f, Qt::Key_F5);
+            delete vigia.data();
+        } else if (sorte < 90) {
+            // A destination that is free, blocked or another waiter's is refused with a box.
+            const int destino = 1 + int(m_random.bounded(quint32(qMax<qint16>(1, quantidadeMesas))));
+            if (QTreeWidgetItem* primeiro = f.List_Itens->topLevelItem(0))
+                primeiro->setSelected(true);
+            const QPointer<QTimer> vigia = onNextModal<Frm_Transferir>([destino](Frm_Transferir* t) {
+                QTest::keyClicks(t->Text_Destino, QString::number(destino));
+                QTest::keyClick(t->Text_Destino, Qt::Key_Return);
+                if (Form::isLoaded<Frm_Transferir>())
+                    QTest::keyClick(t->Text_Destino, Qt::Key_Escape);
+            });
+            QTest::keyClick(&f, Qt::Key_F3);
             delete vigia.data();
         } else {
             const QPointer<QTimer> vigia = onNextModal<Frm_Cancelamento>([](Frm_Cancelamento* c) {
