@@ -5,6 +5,7 @@
 // Each store is made once per run, upgraded as a start would, in the run's temporary folder.
 #include "BancoDeBench.h"
 #include "BenchMain.h"
+#include "MesaPeloMapa.h"
 #include "map/Frm_Principal.h"
 #include "platform/Clock.h"
 #include "platform/Connection.h"
@@ -100,13 +101,6 @@ void configurar(int fechadas) {
     setAgora(QDateTime(QDate(2024, 3, 5), QTime(12, 0, 0)));
 }
 
-void tecla(QWidget* w, int key, const QString& texto = QString()) {
-    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, texto);
-    QKeyEvent release(QEvent::KeyRelease, key, Qt::NoModifier, texto);
-    QApplication::sendEvent(w, &press);
-    QApplication::sendEvent(w, &release);
-}
-
 // A plain connection beside the program's, to put the store back between iterations.
 class Bastidor {
 public:
@@ -150,29 +144,7 @@ void BM_abrirMesaLivre(benchmark::State& state) {
     const qlonglong ultima = bastidor.valor(QStringLiteral("SELECT MAX(id_comanda) FROM Tb_Comandas"));
     setMsgBoxHook([](const MsgBoxRecord&) { return vbYes; });
     for (auto _ : state) {
-        QTimer::singleShot(0, [] {
-            QWidget* prompt = QApplication::activeModalWidget();
-            auto* senha = prompt ? prompt->findChild<QLineEdit*>() : nullptr;
-            if (!senha)
-                qFatal("no password prompt");
-            senha->setText(QStringLiteral("1234"));
-            tecla(senha, Qt::Key_Return, QStringLiteral("\r"));
-        });
-        QTimer::singleShot(0, [&state] {
-            auto agendar = std::make_shared<std::function<void()>>();
-            *agendar = [&state, agendar] {
-                if (!Form::isLoaded<Frm_Mesa>() || !Frm_Mesa::instance().isVisible()) {
-                    QTimer::singleShot(0, *agendar);
-                    return;
-                }
-                state.PauseTiming();
-                QKeyEvent esc(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
-                QApplication::sendEvent(&Frm_Mesa::instance(), &esc);
-                state.ResumeTiming();
-            };
-            (*agendar)();
-        });
-        mapa.card_Click(kMesaLivre - 1);
+        abrirMesaPeloMapa(state, kMesaLivre - 1);
         state.PauseTiming();
         if (bastidor.valor(
                 QStringLiteral("SELECT COUNT(*) FROM Tb_Comandas WHERE id_comanda > %1 AND mesa = %2")

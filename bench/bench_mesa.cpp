@@ -5,6 +5,7 @@
 // MOSTRAR_SQL=1 prints what one Enter sends, which the bare run repeats.
 #include "BancoDeBench.h"
 #include "BenchMain.h"
+#include "MesaPeloMapa.h"
 #include "backoffice/BackOffice.h"
 #include "backoffice/Demo.h"
 #include "map/Frm_Principal.h"
@@ -45,10 +46,7 @@ void configurar(const QString& conexao) {
 }
 
 void enter(QWidget* w) {
-    QKeyEvent press(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
-    QKeyEvent release(QEvent::KeyRelease, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
-    QApplication::sendEvent(w, &press);
-    QApplication::sendEvent(w, &release);
+    tecla(w, Qt::Key_Return, QStringLiteral("\r"));
 }
 
 // What an Enter adds is taken off again between iterations, so the tab keeps its size.
@@ -160,34 +158,10 @@ void BM_enterComandosNus(benchmark::State& state) {
 // left again with Escape; the tab goes back to occupied each time.
 void BM_abrirMesa(benchmark::State& state) {
     configurar(demoComItens(static_cast<int>(state.range(0))));
-    Frm_Principal& mapa = Frm_Principal::instance();
+    Frm_Principal::instance(); // the map is up before the clock starts
     setMsgBoxHook([](const MsgBoxRecord&) { return vbYes; });
-    for (auto _ : state) {
-        // The password prompt opens first; it is answered by the administrator's password.
-        QTimer::singleShot(0, [] {
-            QWidget* prompt = QApplication::activeModalWidget();
-            auto* senha = prompt ? prompt->findChild<QLineEdit*>() : nullptr;
-            if (!senha)
-                qFatal("no password prompt");
-            senha->setText(QStringLiteral("1234"));
-            enter(senha);
-        });
-        QTimer::singleShot(0, [&state] {
-            auto agendar = std::make_shared<std::function<void()>>();
-            *agendar = [&state, agendar] {
-                if (!Form::isLoaded<Frm_Mesa>() || !Frm_Mesa::instance().isVisible()) {
-                    QTimer::singleShot(0, *agendar);
-                    return;
-                }
-                state.PauseTiming();
-                QKeyEvent esc(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
-                QApplication::sendEvent(&Frm_Mesa::instance(), &esc);
-                state.ResumeTiming();
-            };
-            (*agendar)();
-        });
-        mapa.card_Click(4);
-    }
+    for (auto _ : state)
+        abrirMesaPeloMapa(state, 4);
     setMsgBoxHook(nullptr);
 }
 } // namespace

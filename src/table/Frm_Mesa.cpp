@@ -25,6 +25,25 @@
 #include <QVBoxLayout>
 
 namespace {
+
+// The action strip's images. The style decodes its pictures each time it is asked, which would cost
+// every opening of a table milliseconds: they are made once, and dropped with the application.
+const QList<QIcon>& imagensDoMenu(const QStyle* estilo) {
+    static QList<QIcon>* imagens = nullptr;
+    if (!imagens) {
+        imagens = new QList<QIcon>;
+        for (QStyle::StandardPixmap imagem :
+             {QStyle::SP_FileDialogContentsView, QStyle::SP_DirHomeIcon, QStyle::SP_ArrowRight,
+              QStyle::SP_FileDialogDetailedView, QStyle::SP_DialogApplyButton, QStyle::SP_DialogCancelButton,
+              QStyle::SP_DialogHelpButton, QStyle::SP_DialogSaveButton, QStyle::SP_DialogOpenButton})
+            imagens->append(estilo->standardIcon(imagem));
+        qAddPostRoutine([] {
+            delete imagens;
+            imagens = nullptr;
+        });
+    }
+    return *imagens;
+}
 template <class T> T* controle(T* w, const char* name) {
     w->setObjectName(QLatin1String(name));
     return w;
@@ -172,13 +191,7 @@ Frm_Mesa::Frm_Mesa() {
     List_Itens->setColumnCount(0);
 
     // The action strip.
-    const QStyle::StandardPixmap imagens[] = {
-        QStyle::SP_FileDialogContentsView, QStyle::SP_DirHomeIcon,       QStyle::SP_ArrowRight,
-        QStyle::SP_FileDialogDetailedView, QStyle::SP_DialogApplyButton, QStyle::SP_DialogCancelButton,
-        QStyle::SP_DialogHelpButton,       QStyle::SP_DialogSaveButton,  QStyle::SP_DialogOpenButton,
-    };
-    for (QStyle::StandardPixmap imagem : imagens)
-        ImageListMenu.append(style()->standardIcon(imagem));
+    ImageListMenu = imagensDoMenu(style());
     List_Menu = controle(new QTreeWidget(this), "List_Menu");
     List_Menu->setHeaderHidden(true);
     List_Menu->setRootIsDecorated(false);
