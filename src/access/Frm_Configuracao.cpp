@@ -27,18 +27,13 @@
 std::function<QStringList()> impressorasDoSistema = printerNames;
 
 namespace {
-template <class T> T* controle(T* w, const char* nome) {
-    w->setObjectName(QLatin1String(nome));
-    return w;
-}
-
 QLabel* rotulo(QWidget* pai, const char* nome, const QString& texto = QString()) {
-    return controle(new QLabel(texto, pai), nome);
+    return named(new QLabel(texto, pai), nome);
 }
 
 // A number box the up-down drives: read-only, centred, narrow.
 QLineEdit* caixaDoUpDown(QWidget* pai, const char* nome) {
-    auto* t = controle(new QLineEdit(QStringLiteral("1"), pai), nome);
+    auto* t = named(new QLineEdit(QStringLiteral("1"), pai), nome);
     t->setReadOnly(true);
     t->setAlignment(Qt::AlignCenter);
     t->setFixedWidth(48);
@@ -46,7 +41,7 @@ QLineEdit* caixaDoUpDown(QWidget* pai, const char* nome) {
 }
 
 UpDown* upDown(QWidget* pai, const char* nome, QLineEdit* buddy, int maximo) {
-    auto* u = controle(new UpDown(pai), nome);
+    auto* u = named(new UpDown(pai), nome);
     u->setRange(1, maximo);
     u->setBuddyControl(buddy);
     return u;
@@ -78,41 +73,41 @@ Frm_Configuracao::Frm_Configuracao() {
     QHBoxLayout* cabecalho = montarTelaDeOperacao(*this, "Frm_Configuracao", QStringLiteral("Ajustes"),
                                                   QStyle::SP_FileDialogDetailedView, Label_Operacao, Image1);
 
-    Frame1 = controle(new QGroupBox(QStringLiteral("Conexão"), this), "Frame1");
+    Frame1 = named(new QGroupBox(QStringLiteral("Conexão"), this), "Frame1");
     Label1 = rotulo(Frame1, "Label1", QStringLiteral("Servidor"));
-    Text_Servidor = controle(new QLineEdit(QStringLiteral("127.0.0.1"), Frame1), "Text_Servidor");
+    Text_Servidor = named(new QLineEdit(QStringLiteral("127.0.0.1"), Frame1), "Text_Servidor");
     auto* conexao = new QHBoxLayout(Frame1);
     conexao->addWidget(Label1);
     conexao->addWidget(Text_Servidor, 1);
 
-    Frame_Busca = controle(new QGroupBox(QStringLiteral("Tipo de busca *"), this), "Frame_Busca");
-    Opt_Qualquer_Ocorrencia = controle(new QRadioButton(QStringLiteral("Qualquer ocorrência"), Frame_Busca),
-                                       "Opt_Qualquer_Ocorrencia");
+    Frame_Busca = named(new QGroupBox(QStringLiteral("Tipo de busca *"), this), "Frame_Busca");
+    Opt_Qualquer_Ocorrencia = named(new QRadioButton(QStringLiteral("Qualquer ocorrência"), Frame_Busca),
+                                    "Opt_Qualquer_Ocorrencia");
     Opt_Qualquer_Ocorrencia->setChecked(true);
-    Opt_Inicio = controle(new QRadioButton(QStringLiteral("Início da sentença"), Frame_Busca), "Opt_Inicio");
+    Opt_Inicio = named(new QRadioButton(QStringLiteral("Início da sentença"), Frame_Busca), "Opt_Inicio");
     auto* busca = new QHBoxLayout(Frame_Busca);
     busca->addWidget(Opt_Qualquer_Ocorrencia);
     busca->addWidget(Opt_Inicio);
     busca->addStretch(1);
 
     Frame_Personalizacao =
-        controle(new QGroupBox(QStringLiteral("Personalização"), this), "Frame_Personalizacao");
+        named(new QGroupBox(QStringLiteral("Personalização"), this), "Frame_Personalizacao");
     QWidget* p = Frame_Personalizacao;
-    Chk_Imprimir_Itens = controle(new QCheckBox(QStringLiteral("Imprimir itens"), p), "Chk_Imprimir_Itens");
+    Chk_Imprimir_Itens = named(new QCheckBox(QStringLiteral("Imprimir itens"), p), "Chk_Imprimir_Itens");
     Chk_Multiplos_Atendentes =
-        controle(new QCheckBox(QStringLiteral("Permitir movimentação de mesa por vários atendentes *"), p),
-                 "Chk_Multiplos_Atendentes");
+        named(new QCheckBox(QStringLiteral("Permitir movimentação de mesa por vários atendentes *"), p),
+              "Chk_Multiplos_Atendentes");
     Chk_Bloquear_Apos_Conferencia =
-        controle(new QCheckBox(QStringLiteral("Bloquear mesa após impressão de conferência *"), p),
-                 "Chk_Bloquear_Apos_Conferencia");
+        named(new QCheckBox(QStringLiteral("Bloquear mesa após impressão de conferência *"), p),
+              "Chk_Bloquear_Apos_Conferencia");
     Chk_Observacao =
-        controle(new QCheckBox(QStringLiteral("Abrir observação ao incluir item *"), p), "Chk_Observacao");
-    Chk_Aliquota_Servico = controle(new QCheckBox(QStringLiteral("Cobra taxa de serviço por padrão *"), p),
-                                    "Chk_Aliquota_Servico");
+        named(new QCheckBox(QStringLiteral("Abrir observação ao incluir item *"), p), "Chk_Observacao");
+    Chk_Aliquota_Servico =
+        named(new QCheckBox(QStringLiteral("Cobra taxa de serviço por padrão *"), p), "Chk_Aliquota_Servico");
 
     Label_Impressora_Conferencia =
         rotulo(p, "Label_Impressora_Conferencia", QStringLiteral("Impressora para conferência"));
-    Cmb_Impressora_Conferencia = controle(new QComboBox(p), "Cmb_Impressora_Conferencia");
+    Cmb_Impressora_Conferencia = named(new QComboBox(p), "Cmb_Impressora_Conferencia");
     Cmb_Impressora_Conferencia->setEditable(false);
     Cmb_Impressora_Conferencia->setMinimumWidth(240);
 
@@ -128,7 +123,7 @@ Frm_Configuracao::Frm_Configuracao() {
     Label_Tempo_Ocio = rotulo(p, "Label_Tempo_Ocio", QStringLiteral("minutos *"));
 
     Label_Taxa_Servico = rotulo(p, "Label_Taxa_Servico", QStringLiteral("Aliquota da taxa de serviço"));
-    Text_Aliquota_Servico = controle(new QLineEdit(QStringLiteral("0,00"), p), "Text_Aliquota_Servico");
+    Text_Aliquota_Servico = named(new QLineEdit(QStringLiteral("0,00"), p), "Text_Aliquota_Servico");
     Text_Aliquota_Servico->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     Text_Aliquota_Servico->setFixedWidth(72);
     Label_Aliquota_Servico = rotulo(p, "Label_Aliquota_Servico", QStringLiteral("(%) *"));

@@ -44,17 +44,12 @@ const QList<QIcon>& imagensDoMenu(const QStyle* estilo) {
     }
     return *imagens;
 }
-template <class T> T* controle(T* w, const char* name) {
-    w->setObjectName(QLatin1String(name));
-    return w;
-}
-
 QLabel* rotulo(const QString& texto, const char* name, QWidget* parent) {
-    return controle(new QLabel(texto, parent), name);
+    return named(new QLabel(texto, parent), name);
 }
 
 QLineEdit* somenteLeitura(const char* name, QWidget* parent) {
-    auto* t = controle(new QLineEdit(parent), name);
+    auto* t = named(new QLineEdit(parent), name);
     t->setReadOnly(true);
     t->setFocusPolicy(Qt::ClickFocus); // no tab stop
     return t;
@@ -122,21 +117,21 @@ Frm_Mesa::Frm_Mesa() {
     Label_Mesa->setAlignment(Qt::AlignCenter);
     Label_Mesa->setMinimumWidth(160);
 
-    Frame_Mesa = controle(new QGroupBox(QStringLiteral("Dados da mesa"), this), "Frame_Mesa");
+    Frame_Mesa = named(new QGroupBox(QStringLiteral("Dados da mesa"), this), "Frame_Mesa");
     Label_Atendente = rotulo(QStringLiteral("Atendente:"), "Label_Atendente", Frame_Mesa);
     Text_Atendente = somenteLeitura("Text_Atendente", Frame_Mesa);
     Label_Cliente = rotulo(QStringLiteral("Cliente:"), "Label_Cliente", Frame_Mesa);
     Text_Cliente = somenteLeitura("Text_Cliente", Frame_Mesa);
     Label_Identificacao = rotulo(QStringLiteral("&Identificação:"), "Label_Identificacao", Frame_Mesa);
-    Text_Identificacao = controle(new QLineEdit(Frame_Mesa), "Text_Identificacao");
+    Text_Identificacao = named(new QLineEdit(Frame_Mesa), "Text_Identificacao");
     Text_Identificacao->setMaxLength(255); // the column's size
     Label_Identificacao->setBuddy(Text_Identificacao);
     Label_Ocupantes = rotulo(QStringLiteral("Ocupantes:"), "Label_Ocupantes", Frame_Mesa);
-    Text_Ocupantes = controle(new QLineEdit(QStringLiteral("1"), Frame_Mesa), "Text_Ocupantes");
+    Text_Ocupantes = named(new QLineEdit(QStringLiteral("1"), Frame_Mesa), "Text_Ocupantes");
     Text_Ocupantes->setReadOnly(true);
     Text_Ocupantes->setAlignment(Qt::AlignCenter);
     Text_Ocupantes->setMaximumWidth(60);
-    auto* upDown = controle(new UpDown(Frame_Mesa), "UpDown_Ocupantes");
+    auto* upDown = named(new UpDown(Frame_Mesa), "UpDown_Ocupantes");
     upDown->setRange(1, 100);
     upDown->setBuddyControl(Text_Ocupantes);
     UpDown_Ocupantes = upDown;
@@ -165,12 +160,12 @@ Frm_Mesa::Frm_Mesa() {
 
     // Entry.
     Label_Codigo = rotulo(QStringLiteral("&Código"), "Label_Codigo", this);
-    Text_Codigo = controle(new QLineEdit(this), "Text_Codigo");
+    Text_Codigo = named(new QLineEdit(this), "Text_Codigo");
     Text_Codigo->setMaxLength(13);
     Text_Codigo->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     Label_Codigo->setBuddy(Text_Codigo);
     Label_Quantidade = rotulo(QStringLiteral("&Qtd"), "Label_Quantidade", this);
-    Text_Quantidade = controle(new QLineEdit(QStringLiteral("1,000"), this), "Text_Quantidade");
+    Text_Quantidade = named(new QLineEdit(QStringLiteral("1,000"), this), "Text_Quantidade");
     Text_Quantidade->setMaxLength(13);
     Text_Quantidade->setAlignment(Qt::AlignCenter);
     Text_Quantidade->setMaximumWidth(140);
@@ -183,7 +178,7 @@ Frm_Mesa::Frm_Mesa() {
 
     // The items: report view, several rows selectable.
     ImageListItens = {marcaDoItem(true), marcaDoItem(false)};
-    List_Itens = controle(new QTreeWidget(this), "List_Itens");
+    List_Itens = named(new QTreeWidget(this), "List_Itens");
     List_Itens->setRootIsDecorated(false);
     List_Itens->setSelectionMode(QAbstractItemView::ExtendedSelection);
     List_Itens->setAllColumnsShowFocus(true);
@@ -192,7 +187,7 @@ Frm_Mesa::Frm_Mesa() {
 
     // The action strip.
     ImageListMenu = imagensDoMenu(style());
-    List_Menu = controle(new QTreeWidget(this), "List_Menu");
+    List_Menu = named(new QTreeWidget(this), "List_Menu");
     List_Menu->setHeaderHidden(true);
     List_Menu->setRootIsDecorated(false);
     List_Menu->setIconSize(QSize(32, 32));
@@ -201,7 +196,7 @@ Frm_Mesa::Frm_Mesa() {
             guarded([this](QTreeWidgetItem* item) { List_Menu_ItemClick(item); }));
 
     // Totals.
-    Chk_Servico = controle(new QCheckBox(QStringLiteral("&Serviço"), this), "Chk_Servico");
+    Chk_Servico = named(new QCheckBox(QStringLiteral("&Serviço"), this), "Chk_Servico");
     Label_Servico = rotulo(QStringLiteral("0,00"), "Label_Servico", this);
     Label_Legenda_Produtos = rotulo(QStringLiteral("Produtos"), "Label_Legenda_Produtos", this);
     Label_Produtos = rotulo(QStringLiteral("0,00"), "Label_Produtos", this);
@@ -222,7 +217,7 @@ Frm_Mesa::Frm_Mesa() {
 
     Ado_itens = new DataControl(QStringLiteral("Ado_itens"), this);
 
-    mnu_mesa = controle(new QMenu(QStringLiteral("Mesa"), this), "mnu_mesa");
+    mnu_mesa = named(new QMenu(QStringLiteral("Mesa"), this), "mnu_mesa");
     const auto entradaDoMenuMesa = [this](const QString& texto, const char* nome, void (Frm_Mesa::*acao)()) {
         QAction* a = mnu_mesa->addAction(texto);
         a->setObjectName(QLatin1String(nome));

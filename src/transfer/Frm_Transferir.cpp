@@ -21,13 +21,8 @@
 #include <QTreeWidget>
 
 namespace {
-template <class T> T* controle(T* w, const char* name) {
-    w->setObjectName(QLatin1String(name));
-    return w;
-}
-
 QLineEdit* campoDeMesa(const char* name, QWidget* parent) {
-    auto* t = controle(new QLineEdit(QStringLiteral("0000"), parent), name);
+    auto* t = named(new QLineEdit(QStringLiteral("0000"), parent), name);
     t->setAlignment(Qt::AlignCenter);
     QFont f = t->font();
     f.setPointSizeF(18);
@@ -73,19 +68,19 @@ Frm_Transferir::Frm_Transferir() {
     setWindowFlags(Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
     KeyPreview = true;
 
-    Label_Operacao = controle(new QLabel(QStringLiteral("Transferência"), this), "Label_Operacao");
+    Label_Operacao = named(new QLabel(QStringLiteral("Transferência"), this), "Label_Operacao");
     QFont titulo = Label_Operacao->font();
     titulo.setPointSizeF(14);
     titulo.setBold(true);
     Label_Operacao->setFont(titulo);
-    Label_Origem = controle(new QLabel(QStringLiteral("Mesa de origem"), this), "Label_Origem");
+    Label_Origem = named(new QLabel(QStringLiteral("Mesa de origem"), this), "Label_Origem");
     Text_Origem = campoDeMesa("Text_Origem", this);
     Text_Origem->setEnabled(false);
-    Label_Destino = controle(new QLabel(QStringLiteral("Mesa de destino"), this), "Label_Destino");
+    Label_Destino = named(new QLabel(QStringLiteral("Mesa de destino"), this), "Label_Destino");
     Text_Destino = campoDeMesa("Text_Destino", this);
-    Cmd_Transferir = controle(new QPushButton(QStringLiteral("Transferir"), this), "Cmd_Transferir");
+    Cmd_Transferir = named(new QPushButton(QStringLiteral("Transferir"), this), "Cmd_Transferir");
     Cmd_Transferir->setMinimumHeight(36);
-    Image1 = controle(new QLabel(this), "Image1");
+    Image1 = named(new QLabel(this), "Image1");
     Image1->setPixmap(figuraDaTransferencia());
 
     connect(Cmd_Transferir, &QPushButton::clicked, this, guarded([this] { Cmd_Transferir_Click(); }));
