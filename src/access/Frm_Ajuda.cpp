@@ -40,12 +40,6 @@ const Linha combinacoes[] = {
     {"Ctrl S", "ATIVA ou DESATIVA a incidência da taxa de serviço*"},
 };
 
-QLabel* rotulo(QWidget* pai, const char* nome, const QString& texto = QString()) {
-    auto* l = new QLabel(texto, pai);
-    l->setObjectName(QLatin1String(nome));
-    return l;
-}
-
 QLabel* negrito(QLabel* l) {
     QFont f = l->font();
     f.setBold(true);
@@ -63,8 +57,8 @@ QGridLayout* lista(QWidget* pai, QLabel* titulo, const Linha* linhas, int n, con
     grade->setVerticalSpacing(3);
     grade->addWidget(negrito(titulo), 0, 0, 1, 2);
     for (int i = 0; i < n; ++i) {
-        QLabel* tecla = negrito(rotulo(pai, nomeDaTecla, QString::fromUtf8(linhas[i].tecla)));
-        QLabel* funcao = rotulo(pai, nomeDaFuncao, QString::fromUtf8(linhas[i].funcao));
+        QLabel* tecla = negrito(namedLabel(pai, nomeDaTecla, QString::fromUtf8(linhas[i].tecla)));
+        QLabel* funcao = namedLabel(pai, nomeDaFuncao, QString::fromUtf8(linhas[i].funcao));
         tecla->setProperty("Index", i);
         funcao->setProperty("Index", i);
         rotulosDaTecla.append(tecla);
@@ -82,23 +76,23 @@ Frm_Ajuda::Frm_Ajuda() {
     QHBoxLayout* cabecalho = montarTelaDeOperacao(*this, "Frm_Ajuda", QStringLiteral("Ajuda"),
                                                   QStyle::SP_DialogHelpButton, Label_Operacao, Image1);
 
-    Label_Teclas = rotulo(this, "Label_Teclas", QStringLiteral("Teclas e Funções"));
+    Label_Teclas = namedLabel(this, "Label_Teclas", QStringLiteral("Teclas e Funções"));
     QGridLayout* listaDeTeclas = lista(this, Label_Teclas, teclas, int(std::size(teclas)), "Label_Tecla",
                                        Label_Tecla, "Label_Funcao_Tecla", Label_Funcao_Tecla);
-    Label_Combinacoes = rotulo(this, "Label_Combinacoes", QStringLiteral("Combinações e Funções"));
+    Label_Combinacoes = namedLabel(this, "Label_Combinacoes", QStringLiteral("Combinações e Funções"));
     QGridLayout* listaDeCombinacoes =
         lista(this, Label_Combinacoes, combinacoes, int(std::size(combinacoes)), "Label_Combinacao",
               Label_Combinacao, "Label_Funcao_Combinacao", Label_Funcao_Combinacao);
 
     // The legend: the very marks the item list draws.
-    Image2 = rotulo(this, "Image2");
+    Image2 = namedLabel(this, "Image2");
     Image2->setPixmap(marcaDoItem(true).pixmap(16, 16));
-    Label_Impresso = rotulo(this, "Label_Impresso", QStringLiteral("Item já foi impresso"));
-    Image3 = rotulo(this, "Image3");
+    Label_Impresso = namedLabel(this, "Label_Impresso", QStringLiteral("Item já foi impresso"));
+    Image3 = namedLabel(this, "Image3");
     Image3->setPixmap(marcaDoItem(false).pixmap(16, 16));
-    Label_Pendente =
-        rotulo(this, "Label_Pendente", QStringLiteral("Item pendente impressão ou reimpressão solicitada"));
-    Label_Nota = rotulo(
+    Label_Pendente = namedLabel(this, "Label_Pendente",
+                                QStringLiteral("Item pendente impressão ou reimpressão solicitada"));
+    Label_Nota = namedLabel(
         this, "Label_Nota",
         QStringLiteral("Os usuários precisam de permissão prévia para executar as ações marcadas com *"));
     Label_Nota->setWordWrap(true);

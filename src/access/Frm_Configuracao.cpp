@@ -27,10 +27,6 @@
 std::function<QStringList()> impressorasDoSistema = printerNames;
 
 namespace {
-QLabel* rotulo(QWidget* pai, const char* nome, const QString& texto = QString()) {
-    return named(new QLabel(texto, pai), nome);
-}
-
 // A number box the up-down drives: read-only, centred, narrow.
 QLineEdit* caixaDoUpDown(QWidget* pai, const char* nome) {
     auto* t = named(new QLineEdit(QStringLiteral("1"), pai), nome);
@@ -74,7 +70,7 @@ Frm_Configuracao::Frm_Configuracao() {
                                                   QStyle::SP_FileDialogDetailedView, Label_Operacao, Image1);
 
     Frame1 = named(new QGroupBox(QStringLiteral("Conexão"), this), "Frame1");
-    Label1 = rotulo(Frame1, "Label1", QStringLiteral("Servidor"));
+    Label1 = namedLabel(Frame1, "Label1", QStringLiteral("Servidor"));
     Text_Servidor = named(new QLineEdit(QStringLiteral("127.0.0.1"), Frame1), "Text_Servidor");
     auto* conexao = new QHBoxLayout(Frame1);
     conexao->addWidget(Label1);
@@ -106,27 +102,27 @@ Frm_Configuracao::Frm_Configuracao() {
         named(new QCheckBox(QStringLiteral("Cobra taxa de serviço por padrão *"), p), "Chk_Aliquota_Servico");
 
     Label_Impressora_Conferencia =
-        rotulo(p, "Label_Impressora_Conferencia", QStringLiteral("Impressora para conferência"));
+        namedLabel(p, "Label_Impressora_Conferencia", QStringLiteral("Impressora para conferência"));
     Cmb_Impressora_Conferencia = named(new QComboBox(p), "Cmb_Impressora_Conferencia");
     Cmb_Impressora_Conferencia->setEditable(false);
     Cmb_Impressora_Conferencia->setMinimumWidth(240);
 
-    Label_Mesas = rotulo(p, "Label_Mesas", QStringLiteral("Quantidade de mesas utilizadas"));
+    Label_Mesas = namedLabel(p, "Label_Mesas", QStringLiteral("Quantidade de mesas utilizadas"));
     Text_Quantidade_Mesas = caixaDoUpDown(p, "Text_Quantidade_Mesas");
     UpDown_Quantidade_Mesas = upDown(p, "UpDown_Quantidade_Mesas", Text_Quantidade_Mesas, 30);
-    Label_Quantidade_Mesas = rotulo(p, "Label_Quantidade_Mesas", QStringLiteral("mesas *"));
+    Label_Quantidade_Mesas = namedLabel(p, "Label_Quantidade_Mesas", QStringLiteral("mesas *"));
 
     Label_Mesa_Ocio =
-        rotulo(p, "Label_Mesa_Ocio", QStringLiteral("Tempo para mesa ser definida como ociosa"));
+        namedLabel(p, "Label_Mesa_Ocio", QStringLiteral("Tempo para mesa ser definida como ociosa"));
     Text_Tempo_Ocio = caixaDoUpDown(p, "Text_Tempo_Ocio");
     UpDown_Tempo_Ocio = upDown(p, "UpDown_Tempo_Ocio", Text_Tempo_Ocio, 60);
-    Label_Tempo_Ocio = rotulo(p, "Label_Tempo_Ocio", QStringLiteral("minutos *"));
+    Label_Tempo_Ocio = namedLabel(p, "Label_Tempo_Ocio", QStringLiteral("minutos *"));
 
-    Label_Taxa_Servico = rotulo(p, "Label_Taxa_Servico", QStringLiteral("Aliquota da taxa de serviço"));
+    Label_Taxa_Servico = namedLabel(p, "Label_Taxa_Servico", QStringLiteral("Aliquota da taxa de serviço"));
     Text_Aliquota_Servico = named(new QLineEdit(QStringLiteral("0,00"), p), "Text_Aliquota_Servico");
     Text_Aliquota_Servico->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     Text_Aliquota_Servico->setFixedWidth(72);
-    Label_Aliquota_Servico = rotulo(p, "Label_Aliquota_Servico", QStringLiteral("(%) *"));
+    Label_Aliquota_Servico = namedLabel(p, "Label_Aliquota_Servico", QStringLiteral("(%) *"));
 
     auto* personalizacao = new QGridLayout(Frame_Personalizacao);
     personalizacao->setVerticalSpacing(6);
@@ -141,7 +137,7 @@ Frm_Configuracao::Frm_Configuracao() {
     linha(personalizacao, r++, Label_Taxa_Servico, {Text_Aliquota_Servico, Label_Aliquota_Servico});
     personalizacao->setColumnStretch(1, 1);
 
-    Label2 = rotulo(this, "Label2", QStringLiteral("* Configurações globais"));
+    Label2 = namedLabel(this, "Label2", QStringLiteral("* Configurações globais"));
 
     auto* tela = new QVBoxLayout(this);
     tela->setContentsMargins(18, 12, 18, 14);

@@ -1,5 +1,7 @@
 #include "platform/Form.h"
 
+#include <QLabel>
+
 #include "platform/Application.h"
 #include "platform/MsgBox.h"
 #include "platform/Twips.h"
@@ -448,4 +450,8 @@ bool Form::mousePressed(QWidget* target, QMouseEvent* event) {
     const int boxesBefore = msgBoxCount();
     e->MouseDown(button, vbShift(event), p.x() * twipsPerPixelX(), p.y() * twipsPerPixelY());
     return !self || m_unloaded || msgBoxCount() != boxesBefore;
+}
+
+QLabel* namedLabel(QWidget* parent, const char* name, const QString& text) {
+    return named(new QLabel(text, parent), name);
 }

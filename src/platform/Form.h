@@ -25,6 +25,8 @@ class QMouseEvent;
 //  - a Form_Load that raises leaves no instance behind: the next touch loads the screen again;
 //  - no implicit Escape or Enter: only the screen's handlers give them a meaning.
 // Key codes are the original's (vbKey...): F1 112, Escape 27, Enter 13, digits 48-57, keypad 96-105.
+class QLabel;
+
 class Form : public QWidget {
     Q_OBJECT
 
@@ -152,3 +154,6 @@ template <class T> T* named(T* control, const char* name) {
     control->setObjectName(QLatin1String(name));
     return control;
 }
+
+// A label under its name.
+QLabel* namedLabel(QWidget* parent, const char* name, const QString& text = QString());

@@ -94,9 +94,6 @@ QIcon imagemDaFinalizadora(int imagem) {
     return QIcon(pixmap);
 }
 
-QLabel* rotulo(const QString& texto, const char* name, QWidget* parent) {
-    return named(new QLabel(texto, parent), name);
-}
 } // namespace
 
 Frm_Recebimento::Frm_Recebimento() {
@@ -121,11 +118,11 @@ Frm_Recebimento::Frm_Recebimento() {
             guarded([this](QListWidgetItem* item) { List_Finalizadoras_ItemClick(item); }));
 
     Label_Legendas =
-        rotulo(QStringLiteral("ATALHOS : [F1 - DINHEIRO, F2 - OUTROS, F3 - CRÉDITO, F4 - DÉBITO, "
-                              "F5 - PIX]"),
-               "Label_Legendas", this);
+        namedLabel(this, "Label_Legendas",
+                   QStringLiteral("ATALHOS : [F1 - DINHEIRO, F2 - OUTROS, F3 - CRÉDITO, F4 - DÉBITO, "
+                                  "F5 - PIX]"));
 
-    Label_Finalizadora = rotulo(QStringLiteral("DINHEIRO"), "Label_Finalizadora", this);
+    Label_Finalizadora = namedLabel(this, "Label_Finalizadora", QStringLiteral("DINHEIRO"));
     QFont destaque = font();
     destaque.setPointSizeF(16);
     destaque.setBold(true);
@@ -137,14 +134,14 @@ Frm_Recebimento::Frm_Recebimento() {
     Cmd_Gravar = named(new QPushButton(QStringLiteral("&Confirmar"), this), "Cmd_Gravar");
     connect(Cmd_Gravar, &QPushButton::clicked, this, guarded([this] { Cmd_Gravar_Click(); }));
 
-    Label_SubTotal = rotulo(QStringLiteral("Subtotal"), "Label_SubTotal", this);
-    Label_Valor_Subtotal = rotulo(QStringLiteral("R$ 0,00"), "Label_Valor_Subtotal", this);
-    Label_Pago = rotulo(QStringLiteral("Valor Pago"), "Label_Pago", this);
-    Label_Valor_Pago = rotulo(QStringLiteral("R$ 0,00"), "Label_Valor_Pago", this);
-    Label_Aberto = rotulo(QStringLiteral("Valor em Aberto"), "Label_Aberto", this);
-    Label_Valor_Aberto = rotulo(QStringLiteral("R$ 0,00"), "Label_Valor_Aberto", this);
-    Label_Troco = rotulo(QStringLiteral("Valor Troco"), "Label_Troco", this);
-    Label_Valor_Troco = rotulo(QStringLiteral("R$ 0,00"), "Label_Valor_Troco", this);
+    Label_SubTotal = namedLabel(this, "Label_SubTotal", QStringLiteral("Subtotal"));
+    Label_Valor_Subtotal = namedLabel(this, "Label_Valor_Subtotal", QStringLiteral("R$ 0,00"));
+    Label_Pago = namedLabel(this, "Label_Pago", QStringLiteral("Valor Pago"));
+    Label_Valor_Pago = namedLabel(this, "Label_Valor_Pago", QStringLiteral("R$ 0,00"));
+    Label_Aberto = namedLabel(this, "Label_Aberto", QStringLiteral("Valor em Aberto"));
+    Label_Valor_Aberto = namedLabel(this, "Label_Valor_Aberto", QStringLiteral("R$ 0,00"));
+    Label_Troco = namedLabel(this, "Label_Troco", QStringLiteral("Valor Troco"));
+    Label_Valor_Troco = namedLabel(this, "Label_Valor_Troco", QStringLiteral("R$ 0,00"));
     QFont valor = font();
     valor.setPointSizeF(14);
     valor.setBold(true);

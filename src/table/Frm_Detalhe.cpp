@@ -6,25 +6,17 @@
 #include <QLabel>
 #include <QPushButton>
 
-namespace {
-QLabel* rotulo(QWidget* tela, const char* nome, const QString& texto = QString()) {
-    auto* l = new QLabel(texto, tela);
-    l->setObjectName(QLatin1String(nome));
-    return l;
-}
-} // namespace
-
 Frm_Detalhe::Frm_Detalhe() {
     setObjectName(QStringLiteral("Frm_Detalhe"));
     setWindowTitle(QStringLiteral("Detalhes do item"));
-    Label_Item = rotulo(this, "Label_Item", QStringLiteral("Item"));
-    Label_Item_Descricao = rotulo(this, "Label_Item_Descricao");
-    Label_Inclusao = rotulo(this, "Label_Inclusao", QStringLiteral("Incluido em"));
-    Label_Inclusao_Data = rotulo(this, "Label_Inclusao_Data");
-    Label_Garcom = rotulo(this, "Label_Garcom", QStringLiteral("Incluido por"));
-    Label_Garcom_Nome = rotulo(this, "Label_Garcom_Nome");
-    Label_Observacao = rotulo(this, "Label_Observacao", QStringLiteral("Observações"));
-    Label_Observacao_Descricao = rotulo(this, "Label_Observacao_Descricao");
+    Label_Item = namedLabel(this, "Label_Item", QStringLiteral("Item"));
+    Label_Item_Descricao = namedLabel(this, "Label_Item_Descricao");
+    Label_Inclusao = namedLabel(this, "Label_Inclusao", QStringLiteral("Incluido em"));
+    Label_Inclusao_Data = namedLabel(this, "Label_Inclusao_Data");
+    Label_Garcom = namedLabel(this, "Label_Garcom", QStringLiteral("Incluido por"));
+    Label_Garcom_Nome = namedLabel(this, "Label_Garcom_Nome");
+    Label_Observacao = namedLabel(this, "Label_Observacao", QStringLiteral("Observações"));
+    Label_Observacao_Descricao = namedLabel(this, "Label_Observacao_Descricao");
     Label_Observacao_Descricao->setWordWrap(true);
     Label_Observacao_Descricao->setMinimumHeight(60);
     Label_Observacao_Descricao->setAlignment(Qt::AlignLeft | Qt::AlignTop);

@@ -44,10 +44,6 @@ const QList<QIcon>& imagensDoMenu(const QStyle* estilo) {
     }
     return *imagens;
 }
-QLabel* rotulo(const QString& texto, const char* name, QWidget* parent) {
-    return named(new QLabel(texto, parent), name);
-}
-
 QLineEdit* somenteLeitura(const char* name, QWidget* parent) {
     auto* t = named(new QLineEdit(parent), name);
     t->setReadOnly(true);
@@ -109,7 +105,7 @@ Frm_Mesa::Frm_Mesa() {
     setAutoFillBackground(true);
 
     // Header: the table number and the tab's data.
-    Label_Mesa = rotulo(QStringLiteral("0000"), "Label_Mesa", this);
+    Label_Mesa = namedLabel(this, "Label_Mesa", QStringLiteral("0000"));
     QFont grande = font();
     grande.setPointSizeF(28);
     grande.setBold(true);
@@ -118,15 +114,15 @@ Frm_Mesa::Frm_Mesa() {
     Label_Mesa->setMinimumWidth(160);
 
     Frame_Mesa = named(new QGroupBox(QStringLiteral("Dados da mesa"), this), "Frame_Mesa");
-    Label_Atendente = rotulo(QStringLiteral("Atendente:"), "Label_Atendente", Frame_Mesa);
+    Label_Atendente = namedLabel(Frame_Mesa, "Label_Atendente", QStringLiteral("Atendente:"));
     Text_Atendente = somenteLeitura("Text_Atendente", Frame_Mesa);
-    Label_Cliente = rotulo(QStringLiteral("Cliente:"), "Label_Cliente", Frame_Mesa);
+    Label_Cliente = namedLabel(Frame_Mesa, "Label_Cliente", QStringLiteral("Cliente:"));
     Text_Cliente = somenteLeitura("Text_Cliente", Frame_Mesa);
-    Label_Identificacao = rotulo(QStringLiteral("&Identificação:"), "Label_Identificacao", Frame_Mesa);
+    Label_Identificacao = namedLabel(Frame_Mesa, "Label_Identificacao", QStringLiteral("&Identificação:"));
     Text_Identificacao = named(new QLineEdit(Frame_Mesa), "Text_Identificacao");
     Text_Identificacao->setMaxLength(255); // the column's size
     Label_Identificacao->setBuddy(Text_Identificacao);
-    Label_Ocupantes = rotulo(QStringLiteral("Ocupantes:"), "Label_Ocupantes", Frame_Mesa);
+    Label_Ocupantes = namedLabel(Frame_Mesa, "Label_Ocupantes", QStringLiteral("Ocupantes:"));
     Text_Ocupantes = named(new QLineEdit(QStringLiteral("1"), Frame_Mesa), "Text_Ocupantes");
     Text_Ocupantes->setReadOnly(true);
     Text_Ocupantes->setAlignment(Qt::AlignCenter);
@@ -135,7 +131,7 @@ Frm_Mesa::Frm_Mesa() {
     upDown->setRange(1, 100);
     upDown->setBuddyControl(Text_Ocupantes);
     UpDown_Ocupantes = upDown;
-    Label_Tempo = rotulo(QStringLiteral("Consumindo à:"), "Label_Tempo", Frame_Mesa);
+    Label_Tempo = namedLabel(Frame_Mesa, "Label_Tempo", QStringLiteral("Consumindo à:"));
     Text_Tempo = somenteLeitura("Text_Tempo", Frame_Mesa);
     Text_Tempo->setText(QStringLiteral("00h:00m"));
     Text_Tempo->setMaximumWidth(100);
@@ -159,12 +155,12 @@ Frm_Mesa::Frm_Mesa() {
     dados->setColumnStretch(5, 2);
 
     // Entry.
-    Label_Codigo = rotulo(QStringLiteral("&Código"), "Label_Codigo", this);
+    Label_Codigo = namedLabel(this, "Label_Codigo", QStringLiteral("&Código"));
     Text_Codigo = named(new QLineEdit(this), "Text_Codigo");
     Text_Codigo->setMaxLength(13);
     Text_Codigo->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     Label_Codigo->setBuddy(Text_Codigo);
-    Label_Quantidade = rotulo(QStringLiteral("&Qtd"), "Label_Quantidade", this);
+    Label_Quantidade = namedLabel(this, "Label_Quantidade", QStringLiteral("&Qtd"));
     Text_Quantidade = named(new QLineEdit(QStringLiteral("1,000"), this), "Text_Quantidade");
     Text_Quantidade->setMaxLength(13);
     Text_Quantidade->setAlignment(Qt::AlignCenter);
@@ -197,11 +193,11 @@ Frm_Mesa::Frm_Mesa() {
 
     // Totals.
     Chk_Servico = named(new QCheckBox(QStringLiteral("&Serviço"), this), "Chk_Servico");
-    Label_Servico = rotulo(QStringLiteral("0,00"), "Label_Servico", this);
-    Label_Legenda_Produtos = rotulo(QStringLiteral("Produtos"), "Label_Legenda_Produtos", this);
-    Label_Produtos = rotulo(QStringLiteral("0,00"), "Label_Produtos", this);
-    Label_Leganda_Total = rotulo(QStringLiteral("Total"), "Label_Leganda_Total", this);
-    Label_Total = rotulo(QStringLiteral("0,00"), "Label_Total", this);
+    Label_Servico = namedLabel(this, "Label_Servico", QStringLiteral("0,00"));
+    Label_Legenda_Produtos = namedLabel(this, "Label_Legenda_Produtos", QStringLiteral("Produtos"));
+    Label_Produtos = namedLabel(this, "Label_Produtos", QStringLiteral("0,00"));
+    Label_Leganda_Total = namedLabel(this, "Label_Leganda_Total", QStringLiteral("Total"));
+    Label_Total = namedLabel(this, "Label_Total", QStringLiteral("0,00"));
     QFont valor = font();
     valor.setPointSizeF(16);
     valor.setBold(true);
