@@ -85,8 +85,6 @@ private slots:
         QCOMPARE(bilhetes, QStringList({"COZINHA|" + quando + "COZINHA QUENTE|1|X-SALADA|",
                                         "BAR|" + quando + "BAR|1|CERVEJA LATA|",
                                         "COZINHA|" + quando + "COZINHA QUENTE|1|X-SALADA|"}));
-        QCOMPARE(QDir(env().printerFolder() + QStringLiteral("/COZINHA")).entryList(QDir::Files),
-                 QStringList({"0001 Dtr_Pedido.pdf", "0002 Dtr_Pedido.pdf"}));
         QCOMPARE(pendentes(), 0);
         QCOMPARE(consultar(QStringLiteral("SELECT status FROM Tb_Comandas")).toInt(), 1);
         QVERIFY(boxes().isEmpty());
