@@ -16,35 +16,26 @@
 namespace {
 using K = ReportControlKind;
 
-// The products of the test back office: a title, a hidden label, a detail band whose name can grow
-// over a label below it, and a footer with the sum of the prices and a rule.
+// Title, a hidden label, a detail band whose name can grow over a label below it, a footer sum.
 struct Produtos : DataReport {
     DataControl ado{QStringLiteral("Ado")};
+    ReportControl& campo(ReportSection& s, K k, const char* nome, QRectF r, const char* fonte,
+                         Qt::Alignment a = Qt::AlignLeft, double tamanho = 8.25, bool negrito = false) {
+        return s.add(k, QLatin1String(nome), r, QString::fromUtf8(fonte), a, tamanho, negrito);
+    }
     Produtos() : DataReport(QStringLiteral("Produtos")) {
         ReportWidth = 4005;
         ReportSection& topo = addSection(QStringLiteral("Topo"), 300);
-        topo.add(K::Label, QStringLiteral("Titulo"), {0, 0, 4005, 240}, QStringLiteral("PRODUTOS"),
-                 Qt::AlignHCenter, 9, true);
-        topo.add(K::Label, QStringLiteral("Oculto"), {0, 0, 900, 240}, QStringLiteral("X"), Qt::AlignLeft, 9)
-            .Visible = false;
+        campo(topo, K::Label, "Titulo", {0, 0, 4005, 240}, "PRODUTOS", Qt::AlignHCenter, 9, true);
+        campo(topo, K::Label, "Oculto", {0, 0, 900, 240}, "X", Qt::AlignLeft, 9).Visible = false;
         ReportSection& linha = addSection(QStringLiteral("Linha"), 500, true);
-        linha
-            .add(K::TextBox, QStringLiteral("Nome"), {0, 0, 2000, 240}, QStringLiteral("DESCRICAO"),
-                 Qt::AlignLeft, 8.25)
-            .CanGrow = true;
-        linha
-            .add(K::TextBox, QStringLiteral("Preco"), {2100, 0, 900, 240}, QStringLiteral("PRECO"),
-                 Qt::AlignRight, 8.25)
-            .DataFormat = QStringLiteral("#0.00");
-        linha.add(K::TextBox, QStringLiteral("Dep"), {3100, 0, 300, 240}, QStringLiteral("DEP"),
-                  Qt::AlignRight, 8.25);
-        linha.add(K::Label, QStringLiteral("Abaixo"), {0, 250, 2000, 240}, QStringLiteral("-"), Qt::AlignLeft,
-                  8.25);
+        campo(linha, K::TextBox, "Nome", {0, 0, 2000, 240}, "DESCRICAO").CanGrow = true;
+        campo(linha, K::TextBox, "Preco", {2100, 0, 900, 240}, "PRECO", Qt::AlignRight).DataFormat = "#0.00";
+        campo(linha, K::TextBox, "Dep", {3100, 0, 300, 240}, "DEP", Qt::AlignRight);
+        campo(linha, K::Label, "Abaixo", {0, 250, 2000, 240}, "-");
         ReportSection& fim = addSection(QStringLiteral("Fim"), 300);
-        fim.add(K::Function, QStringLiteral("Soma"), {1600, 0, 900, 240}, QStringLiteral("PRECO"),
-                Qt::AlignRight, 9)
-            .DataFormat = QStringLiteral("#0.00");
-        fim.add(K::Line, QStringLiteral("Regra"), {1600, 260, 900, 0}, QString(), Qt::AlignLeft, 9);
+        campo(fim, K::Function, "Soma", {1600, 0, 900, 240}, "PRECO", Qt::AlignRight, 9).DataFormat = "#0.00";
+        campo(fim, K::Line, "Regra", {1600, 260, 900, 0}, "", Qt::AlignLeft, 9);
         ado.ConnectionString = conexaoLocal;
         ado.RecordSource = QStringLiteral("SELECT * FROM PRODUTOS ORDER BY CODIGO");
         ado.Refresh();
@@ -63,8 +54,7 @@ private slots:
     }
     void cleanup() { env.reset(); }
 
-    // A long name wraps and grows its field; what lies below it in the band moves down by as much,
-    // and so do the rows after it and the page's end. The hidden label is never drawn.
+    // A wrapped name pushes down what lies below it, the later rows and the page's end.
     void bandas_data() {
         QTest::addColumn<QString>("descricao");
         QTest::addColumn<bool>("cresce");
@@ -75,26 +65,22 @@ private slots:
         QFETCH(QString, descricao);
         QFETCH(bool, cresce);
         executar(QStringLiteral("UPDATE PRODUTOS SET DESCRICAO = '%1' WHERE CODIGO = 1").arg(descricao));
-        Produtos relatorio;
-        const ReportLayout desenho = relatorio.layout();
+        const ReportLayout desenho = Produtos().layout();
         QCOMPARE(desenho.texts(QStringLiteral("Nome")),
                  QStringList({descricao, "CERVEJA LATA", "PORÇÃO DE FRITAS", "ÁGUA MINERAL"}));
         QCOMPARE(desenho.texts(QStringLiteral("Preco")), QStringList({"18,50", "7,00", "25,90", "4,50"}));
         QCOMPARE(desenho.texts(QStringLiteral("Dep")), QStringList({"1", "2", "1", "2"}));
         QCOMPARE(desenho.texts(QStringLiteral("Soma")), QStringList{QStringLiteral("55,90")});
         QVERIFY(!desenho.find(QStringLiteral("Oculto")));
-
         const QRectF nome = desenho.find(QStringLiteral("Nome"))->rect;
         const double crescimento = nome.height() - 240;
         QCOMPARE(crescimento > 0, cresce);
         QCOMPARE(desenho.find(QStringLiteral("Abaixo"))->rect.top(), nome.top() + 250 + crescimento);
-        QCOMPARE(desenho.find(QStringLiteral("Titulo"))->rect, QRectF(180, 180, 4005, 240));
         QCOMPARE(desenho.items.at(5).rect.top(), 180 + 300 + 500 + crescimento); // the second row
         QCOMPARE(desenho.page, QSizeF(180 + 4005 + 180, 180 + 300 + 4 * 500 + crescimento + 300 + 180));
     }
 
-    // The slip's rules are 37 characters of Courier New 9 bold in 4005 twips: with the metrics of
-    // the original's font they fill the line; a proportional stand-in would overflow it.
+    // 37 '=' of Courier New 9 bold fill the slip's 4005 twips without overflowing them.
     void courierNewTemAsMedidasDoOriginal() {
         ReportControl regua;
         regua.FontSize = 9;
@@ -105,11 +91,9 @@ private slots:
         QVERIFY2(largura > 3950 && largura <= 4005, qPrintable(QString::number(largura)));
     }
 
-    // Every sub-folder is a printer; the default moves only to one that exists, and each document
-    // is the next numbered PDF of the default's folder.
+    // Sub-folders are printers; the default moves only to one that exists; PDFs are numbered.
     void pastaDeImpressorasPdf() {
         QCOMPARE(printerNames(), QStringList({"BAR", "CONFERENCIA", "COZINHA", "PADRAO"}));
-        QCOMPARE(defaultPrinterName(), QStringLiteral("PADRAO"));
         QCOMPARE(raisedBy([] { SetDefaultPrinter(QStringLiteral("SUMIU")); }).Number,
                  vbErr::AutomationException);
         QCOMPARE(defaultPrinterName(), QStringLiteral("PADRAO"));
@@ -127,13 +111,11 @@ private slots:
         QCOMPARE(impressos().last().file, pdf.fileName());
     }
 
-    // Whatever fails inside the report reaches its caller as the report's own exception, and
-    // nothing is left in the printer's folder.
+    // Any failure inside reaches the caller as the report's exception and leaves no file.
     void falhasDoRelatorio_data() {
         QTest::addColumn<QString>("falha");
-        QTest::newRow("sem fonte de dados") << "fonte";
-        QTest::newRow("sem impressora padrão") << "padrao";
-        QTest::newRow("consulta fechada") << "fechada"; // 3704 inside, the report's exception outside
+        for (const char* falha : {"fonte", "padrao", "fechada"})
+            QTest::newRow(falha) << QString::fromLatin1(falha);
     }
     void falhasDoRelatorio() {
         QFETCH(QString, falha);
@@ -149,21 +131,18 @@ private slots:
         QVERIFY(QDir(env->printerFolder() + QStringLiteral("/PADRAO")).isEmpty());
     }
 
-    // The default moves to its destination's line and keeps its options; the old one goes back to
-    // a plain destination.
+    // The default takes its destination's line and options; the old one becomes a plain Dest.
     void lpoptions_data() {
         QTest::addColumn<QString>("antes");
         QTest::addColumn<QString>("depois");
-        QTest::newRow("sem arquivo") << ""
-                                     << "Default BAR\n";
-        QTest::newRow("troca") << "Default COZINHA\nDest BAR copies=2\n"
-                               << "Dest COZINHA\nDefault BAR copies=2\n";
-        QTest::newRow("destino sem opções") << "Dest BAR\n"
-                                            << "Default BAR\n";
-        QTest::newRow("novo") << "Default COZINHA sides=two\n"
-                              << "Default BAR\nDest COZINHA sides=two\n";
-        QTest::newRow("nome parecido") << "Dest BARRA\n"
-                                       << "Default BAR\nDest BARRA\n";
+        const char* casos[][3] = {
+            {"sem arquivo", "", "Default BAR\n"},
+            {"troca", "Default COZINHA\nDest BAR copies=2\n", "Dest COZINHA\nDefault BAR copies=2\n"},
+            {"destino sem opções", "Dest BAR\n", "Default BAR\n"},
+            {"novo", "Default COZINHA sides=two\n", "Default BAR\nDest COZINHA sides=two\n"},
+            {"nome parecido", "Dest BARRA\n", "Default BAR\nDest BARRA\n"}};
+        for (const auto& c : casos)
+            QTest::newRow(c[0]) << QString::fromUtf8(c[1]) << QString::fromUtf8(c[2]);
     }
     void lpoptions() {
         QFETCH(QString, antes);
@@ -171,7 +150,7 @@ private slots:
         QCOMPARE(lpoptionsWithDefault(antes, QStringLiteral("BAR")), depois);
     }
 
-    // The / of the original: 0 / 0 overflows, anything else over 0 is a division by zero.
+    // 0 / 0 overflows; anything else over 0 is a division by zero.
     void divisaoPorZero() {
         QCOMPARE(raisedBy([] { Divide(-0.01, 0); }).Number, vbErr::DivisionByZero);
         QCOMPARE(raisedBy([] { Divide(0, 0); }).Number, vbErr::Overflow);
