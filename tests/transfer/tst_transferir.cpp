@@ -21,11 +21,11 @@
 #include <QTreeWidget>
 
 namespace {
-// A column of a tab row, as a number.
-double daComanda(const char* coluna, int id) {
-    return CDbl(consultar(QStringLiteral("SELECT %1 FROM Tb_Comandas WHERE id_comanda = %2")
-                              .arg(QLatin1String(coluna))
-                              .arg(id)));
+// Total and status of a tab: "45 4".
+QString valores(int id) {
+    const QString sql =
+        QStringLiteral("SELECT valor_total, status FROM Tb_Comandas WHERE id_comanda = %1").arg(id);
+    return QStringLiteral("%1 %2").arg(CDbl(consultar(sql))).arg(CDbl(consultar(sql, 1)));
 }
 
 // n_item, status and impresso of a tab's rows in their order: "8:1:0 9:0:1".
@@ -90,7 +90,7 @@ private slots:
 
     // The checks in their order: the first refusal wins, and a refusal leaves the screen open on the
     // destination (selecao: what is left selected there; "-" without the focus), every row where it was.
-    // depois: the rows of tables 3, 12 and 8; valores: total and status of 3, then of 8.
+    // depois: the rows of tables 3, 12 and 8; totais: total and status of 3, then of 8.
     void validar_data() {
         QTest::addColumn<QString>("origem");
         QTest::addColumn<QString>("destino");
@@ -98,42 +98,39 @@ private slots:
         QTest::addColumn<QString>("mensagem");
         QTest::addColumn<QString>("selecao");
         QTest::addColumn<QString>("depois");
-        QTest::addColumn<QString>("valores");
-        const char* igual = "A mesa de destino é igual a mesa de origem!";
-        const char* naoExiste = "A mesa de destino não existe!";
-        const char* semDireito = "Você não pode executar essa ação!";
-        const char* origem = "Mesa de origem BLOQUEADA ou FECHADA!";
-        const char* destino = "Mesa de destino BLOQUEADA ou FECHADA!";
-        const char* casos[][5] = {
-            {"igual, mesa que não existe", "99", "99", igual, "0099"},
-            {"além das mesas", "3", "21", naoExiste, "0021"},
-            {"destino 0000", "3", "0", naoExiste, "0000"},
-            {"origem de outro", "12", "6", semDireito, "0006"},
-            {"destino de outro", "3", "12", semDireito, "0012"},
-            {"origem 0000", "0", "8", origem, "0008"},
-            {"origem livre", "5", "8", origem, "0008"},
-            {"origem bloqueada", "6", "8", origem, "0008"},
-            {"destino livre", "3", "5", destino, "0005"},
-            {"destino bloqueado", "3", "6", destino, "0006"},
+        QTest::addColumn<QString>("totais");
+        const QString igual = atencao(QStringLiteral("A mesa de destino é igual a mesa de origem!")),
+                      naoExiste = atencao(QStringLiteral("A mesa de destino não existe!")),
+                      semDireito = atencao(QStringLiteral("Você não pode executar essa ação!")),
+                      origem = atencao(QStringLiteral("Mesa de origem BLOQUEADA ou FECHADA!")),
+                      destino = atencao(QStringLiteral("Mesa de destino BLOQUEADA ou FECHADA!")),
+                      invalida = atencao(QStringLiteral("Mesa inválida")),
+                      feito = aviso(QStringLiteral("Tranferência realizada com sucesso!")),
+                      r = QStringLiteral("1:1:0 2:0:0 3:1:1|1:1:0|4:1:0 7:0:0"),
+                      v = QStringLiteral("0 1 0 4");
+        const QString casos[][8] = {
+            {"igual, mesa que não existe", "99", "99", "", igual, "0099", r, v},
+            {"além das mesas", "3", "21", "", naoExiste, "0021", r, v},
+            {"destino 0000", "3", "0", "", naoExiste, "0000", r, v},
+            {"origem de outro", "12", "6", "", semDireito, "0006", r, v},
+            {"destino de outro", "3", "12", "", semDireito, "0012", r, v},
+            {"origem 0000", "0", "8", "", origem, "0008", r, v},
+            {"origem livre", "5", "8", "", origem, "0008", r, v},
+            {"origem bloqueada", "6", "8", "", origem, "0008", r, v},
+            {"destino livre", "3", "5", "", destino, "0005", r, v},
+            {"destino bloqueado", "3", "6", "", destino, "0006", r, v},
             // The handler of a number past 16 bits leaves the focus on the button.
-            {"destino de 17 bits", "3", "40000", "Mesa inválida", "-"},
-            {"origem de 17 bits", "99999", "8", "Mesa inválida", "-"},
+            {"destino de 17 bits", "3", "40000", "", invalida, "-", r, v},
+            {"origem de 17 bits", "99999", "8", "", invalida, "-", r, v},
+            {"vários atendentes", "12", "8", "sim", feito, "", "1:1:0 2:0:0 3:1:1||4:1:0 7:0:0 8:1:0",
+             "0 1 7 4"},
+            // A whole table: the excluded rows move too, numbered after the highest number of the
+            // destination, excluded rows counted; each keeps its state and its tab of origin.
+            {"mesa inteira", "3", "8", "", feito, "", "|1:1:0|4:1:0 7:0:0 8:1:0 9:0:0 10:1:1", "0 1 45 4"},
         };
         for (const auto& c : casos)
-            QTest::newRow(c[0]) << c[1] << c[2] << false << atencao(QString::fromUtf8(c[3])) << c[4]
-                                << "1:1:0 2:0:0 3:1:1|1:1:0|4:1:0 7:0:0"
-                                << "0 1 0 4";
-        const QString feito = aviso(QStringLiteral("Tranferência realizada com sucesso!"));
-        QTest::newRow("vários atendentes") << "12"
-                                           << "8" << true << feito << ""
-                                           << "1:1:0 2:0:0 3:1:1||4:1:0 7:0:0 8:1:0"
-                                           << "0 1 7 4";
-        // A whole table: the excluded rows move too, numbered after the highest number of the
-        // destination, excluded rows counted; each keeps its state and its tab of origin.
-        QTest::newRow("mesa inteira") << "3"
-                                      << "8" << false << feito << ""
-                                      << "|1:1:0|4:1:0 7:0:0 8:1:0 9:0:0 10:1:1"
-                                      << "0 1 45 4";
+            QTest::newRow(c[0].toUtf8().constData())
+                << c[1] << c[2] << !c[3].isEmpty() << c[4] << c[5] << c[6] << c[7];
     }
     void validar() {
         QFETCH(QString, origem);
@@ -142,19 +139,14 @@ private slots:
         QFETCH(QString, mensagem);
         QFETCH(QString, selecao);
         QFETCH(QString, depois);
-        QFETCH(QString, valores);
+        QFETCH(QString, totais);
         multiplosAtendentes = multiplos;
         digitarNaTransferencia(origem, destino);
         Frm_Principal::instance().transferirMesa();
         QCOMPARE(caixas(), QStringList{mensagem});
         QCOMPARE(selecaoDeixada, selecao);
         QCOMPARE(linhas(m3) + u'|' + linhas(m12) + u'|' + linhas(m8), depois);
-        QCOMPARE(QStringLiteral("%1 %2 %3 %4")
-                     .arg(daComanda("valor_total", m3))
-                     .arg(daComanda("status", m3))
-                     .arg(daComanda("valor_total", m8))
-                     .arg(daComanda("status", m8)),
-                 valores);
+        QCOMPARE(valores(m3) + u' ' + valores(m8), totais);
         QCOMPARE(consultar(QStringLiteral("SELECT SUM(id_comanda_origem) FROM Tb_Comandas_Itens")).toInt(),
                  3 * m3 + 2 * m8 + m12);
     }
@@ -165,11 +157,11 @@ private slots:
     void itensPelaMesa_data() {
         QTest::addColumn<int>("tecla");
         QTest::addColumn<QString>("tela");   // the list, then the total
-        QTest::addColumn<QString>("depois"); // the rows of 3 and 8, the total of 8
+        QTest::addColumn<QString>("depois"); // the rows of 3 and 8, total and status of 8
         QTest::newRow("transferidos") << int(Qt::Key_Return) << "0003 30,00"
-                                      << "2:0:0 3:1:1|4:1:0 7:0:0 8:1:0|15";
+                                      << "2:0:0 3:1:1|4:1:0 7:0:0 8:1:0|15 4";
         QTest::newRow("ESC") << int(Qt::Key_Escape) << "0001 0003 40,00"
-                             << "1:1:1 2:0:0 3:1:1|4:1:0 7:0:0|0";
+                             << "1:1:1 2:0:0 3:1:1|4:1:0 7:0:0|0 4";
     }
     void itensPelaMesa() {
         QFETCH(int, tecla);
@@ -201,8 +193,7 @@ private slots:
         });
         QVERIFY(!nota);
         QCOMPARE(vista.join(u' '), tela);
-        QCOMPARE(linhas(m3) + u'|' + linhas(m8) + u'|' + QString::number(daComanda("valor_total", m8)),
-                 depois);
+        QCOMPARE(linhas(m3) + u'|' + linhas(m8) + u'|' + valores(m8), depois);
     }
 
     void itensRecusados_data() {
