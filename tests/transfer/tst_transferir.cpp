@@ -151,22 +151,45 @@ private slots:
                  3 * m3 + 2 * m8 + m12);
     }
 
-    // From the table screen: the selected rows go, the list and the total show what stayed, and the
-    // note prompt does not open for the rows listed again. Left on table 3, a pending item is sent
-    // when the screen closes; moved, it stays pending.
+    // From the table screen (F3): the selected rows go, the list and the total show what stayed, and
+    // the note prompt does not open for the rows listed again. Left on table 3, a pending item is sent
+    // when the screen closes; moved, it stays pending. Without a key the screen is refused.
     void itensPelaMesa_data() {
+        QTest::addColumn<bool>("direito");
+        QTest::addColumn<int>("mesa");
+        QTest::addColumn<bool>("selecionar");
         QTest::addColumn<int>("tecla");
+        QTest::addColumn<QString>("caixa");
         QTest::addColumn<QString>("tela");   // the list, then the total
         QTest::addColumn<QString>("depois"); // the rows of 3 and 8, total and status of 8
-        QTest::newRow("transferidos") << int(Qt::Key_Return) << "0003 30,00"
-                                      << "2:0:0 3:1:1|4:1:0 7:0:0 8:1:0|15 4";
-        QTest::newRow("ESC") << int(Qt::Key_Escape) << "0001 0003 40,00"
-                             << "1:1:1 2:0:0 3:1:1|4:1:0 7:0:0|0 4";
+        const auto linha = [](const char* nome, bool direito, int mesa, bool selecionar, int tecla,
+                              const QString& caixa, const char* tela, const char* depois) {
+            QTest::newRow(nome) << direito << mesa << selecionar << tecla << caixa << QString::fromUtf8(tela)
+                                << QString::fromUtf8(depois);
+        };
+        const char* ficou = "0001 0003 40,00";
+        const char* intactas = "1:1:1 2:0:0 3:1:1|4:1:0 7:0:0|0 4";
+        linha("transferidos", true, 3, true, Qt::Key_Return,
+              aviso(QStringLiteral("Tranferência realizada com sucesso!")), "0003 30,00",
+              "2:0:0 3:1:1|4:1:0 7:0:0 8:1:0|15 4");
+        linha("ESC", true, 3, true, Qt::Key_Escape, "", ficou, intactas);
+        linha("sem direito", false, 3, true, 0, atencao(QStringLiteral("Você não pode executar essa ação")),
+              ficou, intactas);
+        linha("sem itens", true, 5, false, 0,
+              atencao(QStringLiteral("Não há itens para serem transferidos!")), "0,00",
+              "1:1:0 2:0:0 3:1:1|4:1:0 7:0:0|0 4");
+        linha("sem seleção", true, 3, false, 0, atencao(QStringLiteral("Não há itens selecionados!")), ficou,
+              intactas);
     }
     void itensPelaMesa() {
+        QFETCH(bool, direito);
+        QFETCH(int, mesa);
+        QFETCH(bool, selecionar);
         QFETCH(int, tecla);
+        QFETCH(QString, caixa);
         QFETCH(QString, tela);
         QFETCH(QString, depois);
+        podeTransferirItem = direito;
         exibirObservacao = true;
         bool nota = false;
         QTimer vigia;
@@ -178,46 +201,26 @@ private slots:
         });
         vigia.start(5);
         QStringList vista;
-        naMesa(3, [&](Frm_Mesa& f) {
-            f.List_Itens->topLevelItem(0)->setSelected(true);
-            onNextModal<Frm_Transferir>([&](Frm_Transferir* t) {
-                QCOMPARE(t->Text_Origem->text(), QStringLiteral("0003"));
-                QVERIFY(!t->Text_Origem->isEnabled() && t->Text_Destino->hasFocus());
-                QTest::keyClicks(t->Text_Destino, QStringLiteral("8"));
-                QTest::keyClick(t->Text_Destino, Qt::Key(tecla));
-            });
+        naMesa(mesa, [&](Frm_Mesa& f) {
+            if (selecionar)
+                f.List_Itens->topLevelItem(0)->setSelected(true);
+            if (tecla)
+                onNextModal<Frm_Transferir>([&](Frm_Transferir* t) {
+                    QCOMPARE(t->Text_Origem->text(), QStringLiteral("0003"));
+                    QVERIFY(!t->Text_Origem->isEnabled() && t->Text_Destino->hasFocus());
+                    QTest::keyClicks(t->Text_Destino, QStringLiteral("8"));
+                    QTest::keyClick(t->Text_Destino, Qt::Key(tecla));
+                });
             QTest::keyClick(&f, Qt::Key_F3);
+            QVERIFY(!Form::isLoaded<Frm_Transferir>());
             for (int i = 0; i < f.List_Itens->topLevelItemCount(); ++i)
                 vista << f.List_Itens->topLevelItem(i)->text(0);
             vista << f.Label_Total->text();
         });
         QVERIFY(!nota);
+        QCOMPARE(caixas(), caixa.isEmpty() ? QStringList() : QStringList{caixa});
         QCOMPARE(vista.join(u' '), tela);
         QCOMPARE(linhas(m3) + u'|' + linhas(m8) + u'|' + valores(m8), depois);
-    }
-
-    void itensRecusados_data() {
-        QTest::addColumn<bool>("direito");
-        QTest::addColumn<int>("mesa");
-        QTest::addColumn<bool>("selecao");
-        QTest::addColumn<QString>("mensagem");
-        QTest::newRow("sem direito") << false << 3 << true << "Você não pode executar essa ação";
-        QTest::newRow("sem itens") << true << 5 << false << "Não há itens para serem transferidos!";
-        QTest::newRow("sem seleção") << true << 3 << false << "Não há itens selecionados!";
-    }
-    void itensRecusados() {
-        QFETCH(bool, direito);
-        QFETCH(int, mesa);
-        QFETCH(bool, selecao);
-        QFETCH(QString, mensagem);
-        podeTransferirItem = direito;
-        naMesa(mesa, [&](Frm_Mesa& f) {
-            if (selecao)
-                f.List_Itens->topLevelItem(0)->setSelected(true);
-            QTest::keyClick(&f, Qt::Key_F3);
-            QVERIFY(!Form::isLoaded<Frm_Transferir>());
-        });
-        QCOMPARE(caixas(), QStringList{atencao(mensagem)});
     }
 
     // Shown without its caller's preparation: items with none selected close it at once; a mode it
