@@ -30,13 +30,15 @@ void receber(int mesa, const std::function<void(Frm_Recebimento&)>& acao) {
     });
 }
 
-// Pago, aberto and troco as the labels show them, then the value field.
-QStringList totais(const Frm_Recebimento& r) {
-    return {r.Label_Valor_Pago->text(), r.Label_Valor_Aberto->text(), r.Label_Valor_Troco->text(),
-            r.Text_Valor->text()};
+// Pago, aberto and troco as the labels show them, then the value field, joined by '|'.
+QString totais(const Frm_Recebimento& r) {
+    return QStringList{r.Label_Valor_Pago->text(), r.Label_Valor_Aberto->text(), r.Label_Valor_Troco->text(),
+                       r.Text_Valor->text()}
+        .join(u'|');
 }
 
-QStringList pagamentos(const QString& condicao) {
+// "finalizadora valor" of the payments that meet condicao, in their order, joined by '|'.
+QString pagamentos(const QString& condicao) {
     QStringList linhas;
     Connection cn;
     cn.Open(conexaoLocal);
@@ -45,7 +47,7 @@ QStringList pagamentos(const QString& condicao) {
                                    condicao + QStringLiteral(" ORDER BY id_comanda_recebimento"));
          !rs.Eof(); rs.MoveNext())
         linhas << rs.Fields(0).Value().toString() + u' ' + QString::number(rs.Fields(1).Value().toDouble());
-    return linhas;
+    return linhas.join(u'|');
 }
 
 void pagamentoNoBanco(int idComanda, const char* finalizadora, double valor) {
@@ -63,69 +65,58 @@ class TestRecebimento : public TesteNaMesa {
     Q_OBJECT
 
 private slots:
-    // Each step is a line of keys on the value field: F1 to F5, digits, Enter, ESC.
+    // Keys on the value field (F1 to F5, digits, Enter, ESC); boxes, payments and figures joined by '|'.
     void confirmar_data() {
         QTest::addColumn<double>("item");
         QTest::addColumn<bool>("servico");
-        QTest::addColumn<QStringList>("passos");
-        QTest::addColumn<QStringList>("gravados");
-        QTest::addColumn<QStringList>("avisos");
-        QTest::addColumn<QStringList>("depois"); // pago, aberto, troco, the value field
-        const QString atingido = QStringLiteral("O valor total da conta já foi atingido");
-        QTest::newRow("dinheiro com troco")
-            << 30.0 << false << QStringList{"F1 5000 Enter"} << QStringList{"DINHEIRO 50"} << QStringList()
-            << QStringList{"R$ 50,00", "R$ 0,00", "R$ 20,00", "0,00"};
-        QTest::newRow("cartão acima do aberto") << 30.0 << false << QStringList{"F3 5000 Enter"}
-                                                << QStringList() << QStringList{"O valor limite é: R$ 30,00"}
-                                                << QStringList{"R$ 0,00", "R$ 30,00", "R$ 0,00", "30,00"};
+        QTest::addColumn<QString>("teclas");
+        QTest::addColumn<QString>("gravados");
+        QTest::addColumn<QString>("avisos");
+        QTest::addColumn<QString>("depois"); // pago, aberto, troco, the value field
+        const auto linha = [](const char* nome, double item, bool servico, const char* teclas,
+                              const char* gravados, const char* avisos, const char* depois) {
+            QTest::newRow(nome) << item << servico << QString::fromUtf8(teclas) << QString::fromUtf8(gravados)
+                                << QString::fromUtf8(avisos) << QString::fromUtf8(depois);
+        };
+        linha("dinheiro com troco", 30, false, "F1 5000 Enter", "DINHEIRO 50", "",
+              "R$ 50,00|R$ 0,00|R$ 20,00|0,00");
+        linha("cartão acima do aberto", 30, false, "F3 5000 Enter", "", "O valor limite é: R$ 30,00",
+              "R$ 0,00|R$ 30,00|R$ 0,00|30,00");
         // 1,20 plus 10 % is a hair under 1,32 as a double: the open value must still pass whole.
-        QTest::newRow("aberto exato no cartão")
-            << 1.2 << true << QStringList{"F3 Enter"} << QStringList{"CRÉDITO 1.32"} << QStringList()
-            << QStringList{"R$ 1,32", "R$ 0,00", "R$ 0,00", "0,00"};
-        QTest::newRow("conta zerada")
-            << 0.0 << false << QStringList{"F1 1000 Enter", "F4 500 Enter"} << QStringList()
-            << QStringList{atingido, atingido} << QStringList{"R$ 0,00", "R$ 0,00", "R$ 0,00", "5,00"};
-        QTest::newRow("troco uma vez só")
-            << 30.0 << false << QStringList{"F1 5000 Enter", "F2 1000 Enter"} << QStringList{"DINHEIRO 50"}
-            << QStringList{atingido} << QStringList{"R$ 50,00", "R$ 0,00", "R$ 20,00", "10,00"};
-        QTest::newRow("zero não grava")
-            << 30.0 << false << QStringList{"F2 0 Enter"} << QStringList() << QStringList()
-            << QStringList{"R$ 0,00", "R$ 30,00", "R$ 0,00", "0,00"};
-        QTest::newRow("três finalizadoras")
-            << 41.5 << true << QStringList{"F5 1000 Enter", "F1 2000 Enter", "F4 Enter"}
-            << QStringList{"PIX 10", "DINHEIRO 20", "DÉBITO 15.65"} << QStringList()
-            << QStringList{"R$ 45,65", "R$ 0,00", "R$ 0,00", "0,00"};
-        QTest::newRow("ESC sem rastro")
-            << 30.0 << false << QStringList{"F2 1234 ESC"} << QStringList() << QStringList()
-            << QStringList{"R$ 0,00", "R$ 30,00", "R$ 0,00", "12,34"};
+        linha("aberto exato no cartão", 1.2, true, "F3 Enter", "CRÉDITO 1.32", "",
+              "R$ 1,32|R$ 0,00|R$ 0,00|0,00");
+        linha("conta zerada", 0, false, "F1 1000 Enter F4 500 Enter", "",
+              "O valor total da conta já foi atingido|O valor total da conta já foi atingido",
+              "R$ 0,00|R$ 0,00|R$ 0,00|5,00");
+        linha("troco uma vez só", 30, false, "F1 5000 Enter F2 1000 Enter", "DINHEIRO 50",
+              "O valor total da conta já foi atingido", "R$ 50,00|R$ 0,00|R$ 20,00|10,00");
+        linha("zero não grava", 30, false, "F2 0 Enter", "", "", "R$ 0,00|R$ 30,00|R$ 0,00|0,00");
+        linha("três finalizadoras", 41.5, true, "F5 1000 Enter F1 2000 Enter F4 Enter",
+              "PIX 10|DINHEIRO 20|DÉBITO 15.65", "", "R$ 45,65|R$ 0,00|R$ 0,00|0,00");
+        linha("ESC sem rastro", 30, false, "F2 1234 ESC", "", "", "R$ 0,00|R$ 30,00|R$ 0,00|12,34");
     }
     void confirmar() {
         QFETCH(double, item);
         QFETCH(bool, servico);
-        QFETCH(QStringList, passos);
-        QFETCH(QStringList, gravados);
-        QFETCH(QStringList, avisos);
-        QFETCH(QStringList, depois);
+        QFETCH(QString, teclas);
+        QFETCH(QString, gravados);
+        QFETCH(QString, avisos);
+        QFETCH(QString, depois);
         taxaServico = 10;
         const int id = abrirComanda(4, 1);
         executar(QStringLiteral("UPDATE Tb_Comandas SET servico = %1").arg(int(servico)));
         if (item > 0)
             itemNoBanco(id, 1, item);
-        QStringList vistos;
+        QString vistos;
         receber(4, [&](Frm_Recebimento& r) {
-            for (const QString& passo : passos) {
-                for (const QString& tecla : passo.split(u' ')) {
-                    if (tecla.startsWith(u'F'))
-                        QTest::keyClick(r.Text_Valor, Qt::Key(Qt::Key_F1 + tecla.mid(1).toInt() - 1));
-                    else if (tecla == QLatin1String("Enter"))
-                        QTest::keyClick(r.Text_Valor, Qt::Key_Return);
-                    else if (tecla == QLatin1String("ESC"))
-                        QTest::keyClick(r.Text_Valor, Qt::Key_Escape);
-                    else
-                        QTest::keyClicks(r.Text_Valor, tecla);
-                    if (Form::isLoaded<Frm_Recebimento>())
-                        vistos = totais(r);
-                }
+            for (const QString& t : teclas.split(u' ')) {
+                const int k = t == QLatin1String("Enter") ? Qt::Key_Return
+                              : t == QLatin1String("ESC") ? Qt::Key_Escape
+                              : t.startsWith(u'F')        ? Qt::Key_F1 + t.mid(1).toInt() - 1
+                                                          : 0;
+                k ? QTest::keyClick(r.Text_Valor, Qt::Key(k)) : QTest::keyClicks(r.Text_Valor, t);
+                if (Form::isLoaded<Frm_Recebimento>())
+                    vistos = totais(r);
             }
         });
         QCOMPARE(
@@ -134,14 +125,14 @@ private slots:
                            .arg(id)),
             gravados);
         QStringList esperadas;
-        for (const QString& a : avisos)
+        for (const QString& a : avisos.split(u'|', Qt::SkipEmptyParts))
             esperadas << aviso(a);
         QCOMPARE(caixas(), esperadas);
         QCOMPARE(vistos, depois);
     }
 
-    // A payment excluded from the grid's menu stays in the store; the figures read then also take
-    // in what another terminal has recorded meanwhile.
+    // Excluded from the grid's menu, a payment stays in the store; the figures then take in another
+    // terminal's payments.
     void excluir() {
         const int id = abrirComanda(6, 1);
         itemNoBanco(id, 1, 30);
@@ -152,7 +143,7 @@ private slots:
             QCOMPARE(r.Label_Finalizadora->text(), QStringLiteral("CRÉDITO"));
             for (int i = 0; i < r.List_Finalizadoras->count(); ++i)
                 QCOMPARE(Frm_Recebimento::Ghosted(r.List_Finalizadoras->item(i)), i != 2);
-            QCOMPARE(totais(r), QStringList({"R$ 17,00", "R$ 13,00", "R$ 0,00", "13,00"}));
+            QCOMPARE(totais(r), QStringLiteral("R$ 17,00|R$ 13,00|R$ 0,00|13,00"));
             QCOMPARE(r.Dtg_Recebimentos->model()->index(1, 1).data().toString(), QStringLiteral("R$ 7,00"));
             pagamentoNoBanco(id, "PIX", 5);
             for (const QString& antes : {QStringLiteral("R$ 17,00"), QStringLiteral("R$ 15,00")}) {
@@ -167,13 +158,13 @@ private slots:
                 r.mnu_recebimentos->close();
                 r.mnu_recebimentos_excluir->trigger();
             }
-            QCOMPARE(totais(r), QStringList({"R$ 10,00", "R$ 20,00", "R$ 0,00", "13,00"}));
+            QCOMPARE(totais(r), QStringLiteral("R$ 10,00|R$ 20,00|R$ 0,00|13,00"));
             QVERIFY(r.Dtg_Recebimentos->isEnabled());
         });
-        QCOMPARE(pagamentos(QStringLiteral("status = 1")), QStringList{"DINHEIRO 10"});
+        QCOMPARE(pagamentos(QStringLiteral("status = 1")), QStringLiteral("DINHEIRO 10"));
         QCOMPARE(pagamentos(QStringLiteral("status = 0 AND quem_excluiu = 2 AND data_exclusao = '2024-03-05 "
                                            "12:00:00'")),
-                 QStringList({"CRÉDITO 7", "PIX 5"}));
+                 QStringLiteral("CRÉDITO 7|PIX 5"));
     }
 };
 
