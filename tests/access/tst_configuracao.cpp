@@ -100,17 +100,16 @@ private slots:
         const QString reiniciar = pergunta(
             QStringLiteral("Algumas alterações exigem que o software seja reiniciado. Deseja prosseguir?"));
         const QString fechar = aviso(QStringLiteral("O sistema será fechado, execute-o novamente."));
-        const QString ip = QStringLiteral("10.0.0.9");
+        const QString ip = QStringLiteral("10.0.0.9"), nenhum;
+        const QStringList nao{reiniciar}, sim{reiniciar, fechar};
         QTest::newRow("mesa 25 ocupada, 20 mesas")
-            << 20 << QString() << int(vbNo) << false
+            << 20 << nenhum << int(vbNo) << false
             << QStringList{atencao(QStringLiteral(
                    "Não é possível utilizar apenas 20 mesas enquanto a mesa 0025 estiver ocupada!"))};
-        QTest::newRow("mais mesas, não") << 28 << QString() << int(vbNo) << false << QStringList{reiniciar};
-        QTest::newRow("outro servidor, não") << 26 << ip << int(vbNo) << false << QStringList{reiniciar};
-        QTest::newRow("mais mesas, sim")
-            << 30 << QString() << int(vbYes) << false << QStringList{reiniciar, fechar};
-        QTest::newRow("outro servidor, sim")
-            << 26 << ip << int(vbYes) << false << QStringList{reiniciar, fechar};
+        QTest::newRow("mais mesas, não") << 28 << nenhum << int(vbNo) << false << nao;
+        QTest::newRow("outro servidor, não") << 26 << ip << int(vbNo) << false << nao;
+        QTest::newRow("mais mesas, sim") << 30 << nenhum << int(vbYes) << false << sim;
+        QTest::newRow("outro servidor, sim") << 26 << ip << int(vbYes) << false << sim;
         QTest::newRow("outro servidor, conexão perdida")
             << 26 << ip << int(vbYes) << true
             << QStringList{reiniciar,
@@ -137,7 +136,7 @@ private slots:
                 f.Text_Servidor->setText(servidor);
             f.Chk_Multiplos_Atendentes->setChecked(true);
             f.Cmb_Impressora_Conferencia->setCurrentIndex(0);
-            digitarTaxa(f, QStringLiteral("1"), QStringLiteral("0,01"));
+            digitarTaxa(f, "1", "0,01");
         });
         setStatementObserver(nullptr);
         const bool gravou = terminou && !conexaoCai;
@@ -145,8 +144,7 @@ private slots:
         QCOMPARE(terminou, resposta == vbYes);
         QVERIFY(!Form::isLoaded<Frm_Configuracao>());
         QCOMPARE(linhaDeVendas() == antes, !gravou);
-        QCOMPARE(consultar(QStringLiteral("SELECT iQuantidadeMesa FROM Tb_ConVendas")).toInt(),
-                 gravou ? mesas : 0);
+        QCOMPARE(consultar("SELECT iQuantidadeMesa FROM Tb_ConVendas").toInt(), gravou ? mesas : 0);
         QCOMPARE(multiplosAtendentes, gravou);
         QCOMPARE(QFile::exists(arquivoConfigIni()), gravou);
         QCOMPARE(quantidadeMesas, qint16(terminou ? mesas : 26));
