@@ -77,9 +77,7 @@ private slots:
         servidorLocal = QStringLiteral("SERVIDOR-A");
         gravarIni(arquivoServerIni(), QStringLiteral("SERVIDOR"), QStringLiteral("IPCONEXAO"), servidorLocal);
         impressoraConferencia = QStringLiteral("CAIXA");
-        cobrarServico = true;
-        buscaInicio = true;
-        bloquearAposConferencia = true;
+        cobrarServico = buscaInicio = bloquearAposConferencia = true;
         taxaServico = 10;
         quantidadeMesas = 26;
         tempoParaOcio = 0;
