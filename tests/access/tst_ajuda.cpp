@@ -1,5 +1,4 @@
 #include "access/Frm_Ajuda.h"
-#include "startup/variaveisGlobais.h"
 #include "support/BancoDeTeste.h"
 #include "support/TelaDaMesa.h"
 #include "support/TestMain.h"
@@ -17,7 +16,7 @@ QImage imagem(const QPixmap& p) {
     return p.toImage().convertToFormat(QImage::Format_ARGB32);
 }
 
-// The rows of one list whose function stands level with its key and to its right, as "F3 ...".
+// The rows whose function stands level with its key and to its right, as "F3 ...".
 QStringList linhasLadoALado(const QList<QLabel*>& teclas, const QList<QLabel*>& funcoes) {
     QStringList linhas;
     for (int i = 0; i < teclas.size(); ++i) {
@@ -30,8 +29,7 @@ QStringList linhasLadoALado(const QList<QLabel*>& teclas, const QList<QLabel*>& 
 }
 } // namespace
 
-// The sheet opens over the table from F7 and from the strip, also on a blocked table, for staff
-// without any right; Escape gives the table back.
+// The sheet opens over the table, blocked or not, from F7 and the strip; Escape gives the table back.
 class TestAjuda : public TesteNaMesa {
     Q_OBJECT
 
@@ -39,10 +37,10 @@ private slots:
     void abreDaMesa_data() {
         QTest::addColumn<bool>("bloqueada");
         QTest::addColumn<bool>("pelaFaixa");
-        QTest::newRow("F7") << false << false;
-        QTest::newRow("entrada Ajuda") << false << true;
-        QTest::newRow("bloqueada F7") << true << false;
-        QTest::newRow("bloqueada, entrada Ajuda") << true << true;
+        for (const bool bloqueada : {false, true})
+            for (const bool faixa : {false, true})
+                QTest::addRow("%s%s", bloqueada ? "bloqueada, " : "", faixa ? "entrada Ajuda" : "F7")
+                    << bloqueada << faixa;
     }
     void abreDaMesa() {
         QFETCH(bool, bloqueada);

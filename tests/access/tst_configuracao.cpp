@@ -15,8 +15,7 @@
 #include <QTest>
 
 namespace {
-// Shows the screen as the map does, lets mexer change it as a user would, and leaves it with
-// Escape. Gives whether the process ended on the way; a process that ended leaves no screen behind.
+// Shows the screen, lets mexer change it, leaves with Escape; gives whether the process ended.
 bool ajustar(const std::function<void(Frm_Configuracao&)>& mexer) {
     onNextModal<Frm_Configuracao>([mexer](Frm_Configuracao* f) {
         mexer(*f);
@@ -28,13 +27,11 @@ bool ajustar(const std::function<void(Frm_Configuracao&)>& mexer) {
     return processEnded();
 }
 
-// The settings the database keeps, as the run-time state holds them.
 QVariantList globais() {
     return {multiplosAtendentes, exibirObservacao, cobrarServico, buscaInicio, bloquearAposConferencia,
             imprimirItens,       quantidadeMesas,  tempoParaOcio, taxaServico};
 }
 
-// The settings row as the database holds it, value after value.
 QString linhaDeVendas() {
     Connection cn;
     cn.Open(conexaoLocal);
@@ -45,17 +42,12 @@ QString linhaDeVendas() {
     return valores.join(QLatin1Char('|'));
 }
 
-QString lerIniDe(const QString& arquivo, const char* secao, const char* chave) {
-    return lerIni(arquivo, QLatin1String(secao), QLatin1String(chave));
-}
-
-// The keys the mask sends to its own field are posted: they all arrive before the user's next key.
+// The mask posts keys to its own field: let them arrive before the next one.
 void escoarTeclas() {
     for (int i = 0; i < 10; ++i)
         QCoreApplication::sendPostedEvents();
 }
 
-// The rate typed from an emptied field, key by key.
 void digitarTaxa(Frm_Configuracao& f, const QString& teclas, const QString& esperado) {
     f.Text_Aliquota_Servico->setFocus();
     f.Text_Aliquota_Servico->selectAll();
@@ -70,9 +62,8 @@ void digitarTaxa(Frm_Configuracao& f, const QString& teclas, const QString& espe
 }
 } // namespace
 
-// A terminal of 26 tables, 10 % service, search from the start, blocking after the slip, its
-// conference printer CAIXA among three, on the server SERVIDOR-A; the database as the upgrade leaves
-// it (0 tables, 0 minutes to idle, neither of those two set).
+// 26 tables, 10 % service, printer CAIXA among three, server SERVIDOR-A; the database as the upgrade
+// leaves it (0 tables, 0 minutes to idle).
 class TestConfiguracao : public QObject {
     Q_OBJECT
 
@@ -86,9 +77,7 @@ private slots:
         servidorLocal = QStringLiteral("SERVIDOR-A");
         gravarIni(arquivoServerIni(), QStringLiteral("SERVIDOR"), QStringLiteral("IPCONEXAO"), servidorLocal);
         impressoraConferencia = QStringLiteral("CAIXA");
-        cobrarServico = true;
-        buscaInicio = true;
-        bloquearAposConferencia = true;
+        cobrarServico = buscaInicio = bloquearAposConferencia = true;
         taxaServico = 10;
         quantidadeMesas = 26;
         tempoParaOcio = 0;
@@ -98,10 +87,8 @@ private slots:
         m_env.reset();
     }
 
-    // What the screen asks before it saves, and what it leaves behind. A refusal or a No saves nothing
-    // at all, though other settings changed too. A Yes saves the rest on this run's connection, then
-    // writes the new address, gives notice and ends the process; a connection lost on the save ends
-    // it before SERVER.ini is touched.
+    // A refusal or a No saves nothing at all; a Yes saves, writes the new address, gives notice and
+    // ends the process; a connection lost on the save ends it before SERVER.ini is touched.
     void perguntas_data() {
         QTest::addColumn<int>("mesas");
         QTest::addColumn<QString>("servidor");
@@ -111,17 +98,16 @@ private slots:
         const QString reiniciar = pergunta(
             QStringLiteral("Algumas alterações exigem que o software seja reiniciado. Deseja prosseguir?"));
         const QString fechar = aviso(QStringLiteral("O sistema será fechado, execute-o novamente."));
-        const QString ip = QStringLiteral("10.0.0.9");
+        const QString ip = QStringLiteral("10.0.0.9"), nenhum;
+        const QStringList nao{reiniciar}, sim{reiniciar, fechar};
         QTest::newRow("mesa 25 ocupada, 20 mesas")
-            << 20 << QString() << int(vbNo) << false
+            << 20 << nenhum << int(vbNo) << false
             << QStringList{atencao(QStringLiteral(
                    "Não é possível utilizar apenas 20 mesas enquanto a mesa 0025 estiver ocupada!"))};
-        QTest::newRow("mais mesas, não") << 28 << QString() << int(vbNo) << false << QStringList{reiniciar};
-        QTest::newRow("outro servidor, não") << 26 << ip << int(vbNo) << false << QStringList{reiniciar};
-        QTest::newRow("mais mesas, sim")
-            << 30 << QString() << int(vbYes) << false << QStringList{reiniciar, fechar};
-        QTest::newRow("outro servidor, sim")
-            << 26 << ip << int(vbYes) << false << QStringList{reiniciar, fechar};
+        QTest::newRow("mais mesas, não") << 28 << nenhum << int(vbNo) << false << nao;
+        QTest::newRow("outro servidor, não") << 26 << ip << int(vbNo) << false << nao;
+        QTest::newRow("mais mesas, sim") << 30 << nenhum << int(vbYes) << false << sim;
+        QTest::newRow("outro servidor, sim") << 26 << ip << int(vbYes) << false << sim;
         QTest::newRow("outro servidor, conexão perdida")
             << 26 << ip << int(vbYes) << true
             << QStringList{reiniciar,
@@ -134,7 +120,7 @@ private slots:
         QFETCH(bool, conexaoCai);
         QFETCH(QStringList, mensagens);
         abrirComanda(25, 1);
-        abrirComanda(3, 0); // closed: it doesn't count
+        abrirComanda(3, 0); // closed
         const QString antes = linhaDeVendas();
         if (conexaoCai)
             setStatementObserver([](const QString& sql) {
@@ -148,7 +134,7 @@ private slots:
                 f.Text_Servidor->setText(servidor);
             f.Chk_Multiplos_Atendentes->setChecked(true);
             f.Cmb_Impressora_Conferencia->setCurrentIndex(0);
-            digitarTaxa(f, QStringLiteral("1"), QStringLiteral("0,01"));
+            digitarTaxa(f, "1", "0,01");
         });
         setStatementObserver(nullptr);
         const bool gravou = terminou && !conexaoCai;
@@ -156,53 +142,44 @@ private slots:
         QCOMPARE(terminou, resposta == vbYes);
         QVERIFY(!Form::isLoaded<Frm_Configuracao>());
         QCOMPARE(linhaDeVendas() == antes, !gravou);
-        QCOMPARE(consultar(QStringLiteral("SELECT iQuantidadeMesa FROM Tb_ConVendas")).toInt(),
-                 gravou ? mesas : 0);
+        QCOMPARE(consultar("SELECT iQuantidadeMesa FROM Tb_ConVendas").toInt(), gravou ? mesas : 0);
         QCOMPARE(multiplosAtendentes, gravou);
         QCOMPARE(QFile::exists(arquivoConfigIni()), gravou);
         QCOMPARE(quantidadeMesas, qint16(terminou ? mesas : 26));
         QCOMPARE(servidorLocal, terminou && !servidor.isEmpty() ? servidor : QStringLiteral("SERVIDOR-A"));
-        QCOMPARE(lerIniDe(arquivoServerIni(), "SERVIDOR", "IPCONEXAO"),
+        QCOMPARE(lerIni(arquivoServerIni(), "SERVIDOR", "IPCONEXAO"),
                  gravou && !servidor.isEmpty() ? servidor : QStringLiteral("SERVIDOR-A"));
     }
 
-    // No change that needs a restart: no question, everything written even if unchanged, and live
-    // in the run-time state at once; the next start reads the same values back.
+    // No restart needed: no question, everything written and live at once, and read back on the next start.
     void gravaAoFechar_data() {
         QTest::addColumn<QString>("impressoraAntes");
+        QTest::addColumn<int>("ocio"); // arrows pressed, and the minutes they give
         QTest::addColumn<QString>("taxaDigitada");
-        QTest::addColumn<int>("setasDoOcio");
-        QTest::addColumn<QString>("impressoraDepois");
         QTest::addColumn<double>("taxa");
-        QTest::addColumn<int>("ocio");
-        QTest::newRow("nada mudou") << "CAIXA"
-                                    << "" << 0 << "CAIXA" << 10.0 << 0;
-        QTest::newRow("só a taxa, letra recusada") << "CAIXA"
-                                                   << "12a5x0" << 0 << "CAIXA" << 12.5 << 0;
-        QTest::newRow("ócio abaixo do mínimo, uma seta") << "CAIXA"
-                                                         << "" << 1 << "CAIXA" << 10.0 << 1;
-        QTest::newRow("impressora desinstalada") << "ANTIGA"
-                                                 << "" << 0 << "" << 10.0 << 0;
-        QTest::newRow("impressora em minúsculas") << "cozinha"
-                                                  << "" << 0 << "COZINHA" << 10.0 << 0;
+        QTest::addColumn<QString>("impressoraDepois");
+        QTest::newRow("nada mudou") << "CAIXA" << 0 << "" << 10.0 << "CAIXA";
+        QTest::newRow("só a taxa, letra recusada") << "CAIXA" << 0 << "12a5x0" << 12.5 << "CAIXA";
+        QTest::newRow("ócio abaixo do mínimo, uma seta") << "CAIXA" << 1 << "" << 10.0 << "CAIXA";
+        QTest::newRow("impressora desinstalada") << "ANTIGA" << 0 << "" << 10.0 << "";
+        QTest::newRow("impressora em minúsculas") << "cozinha" << 0 << "" << 10.0 << "COZINHA";
     }
     void gravaAoFechar() {
         QFETCH(QString, impressoraAntes);
-        QFETCH(QString, taxaDigitada);
-        QFETCH(int, setasDoOcio);
-        QFETCH(QString, impressoraDepois);
-        QFETCH(double, taxa);
         QFETCH(int, ocio);
+        QFETCH(QString, taxaDigitada);
+        QFETCH(double, taxa);
+        QFETCH(QString, impressoraDepois);
         impressoraConferencia = impressoraAntes;
         const bool terminou = ajustar([&](Frm_Configuracao& f) {
             if (!taxaDigitada.isEmpty())
                 digitarTaxa(f, taxaDigitada, Format(taxa, QStringLiteral("#0.00")));
-            f.UpDown_Tempo_Ocio->stepBy(setasDoOcio);
+            f.UpDown_Tempo_Ocio->stepBy(ocio);
         });
         QVERIFY(!terminou);
         QVERIFY(boxes().isEmpty());
         QCOMPARE(impressoraConferencia, impressoraDepois);
-        QCOMPARE(lerIniDe(arquivoConfigIni(), "PRINTERS", "CONFERENCIA"), impressoraDepois);
+        QCOMPARE(lerIni(arquivoConfigIni(), "PRINTERS", "CONFERENCIA"), impressoraDepois);
 
         const QVariantList esperado{false, false, true, true, true, false, qint16(26), qint16(ocio), taxa};
         QCOMPARE(globais(), esperado);

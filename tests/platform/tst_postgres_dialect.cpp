@@ -29,8 +29,7 @@ private slots:
         QFETCH(bool, postgres);
         QFETCH(QString, host);
         QFETCH(int, port);
-        const QString ado =
-            QStringLiteral("Provider=SQLNCLI;Server=") + server + QStringLiteral(";Database=Norvik");
+        const QString ado = "Provider=SQLNCLI;Server=" + server + ";Database=Norvik";
         QCOMPARE(dialectOf(ado) == Dialect::PostgreSQL, postgres);
         const PostgresAddress address = postgresAddressOf(ado);
         QCOMPARE(address.host, host);
@@ -42,39 +41,30 @@ private slots:
         QTest::addColumn<QString>("state");
         QTest::addColumn<QString>("text");
         QTest::addColumn<int>("number");
-        QTest::newRow("refused") << "08001"
-                                 << "could not connect" << vbErr::ConnectionFailure;
-        QTest::newRow("password") << "28P01"
-                                  << "password authentication failed" << vbErr::ConnectionFailure;
-        QTest::newRow("no such database") << "3D000"
-                                          << "database \"Norvik\" does not exist" << vbErr::ConnectionFailure;
-        QTest::newRow("server shut down") << "57P01"
-                                          << "terminating connection" << vbErr::ConnectionFailure;
-        QTest::newRow("socket gone, no state")
-            << ""
-            << "server closed the connection unexpectedly" << vbErr::ConnectionFailure;
-        QTest::newRow("unique") << "23505"
-                                << "duplicate key" << vbErr::IntegrityViolation;
-        QTest::newRow("foreign key") << "23503"
-                                     << "violates foreign key" << vbErr::IntegrityViolation;
-        QTest::newRow("not null") << "23502"
-                                  << "null value" << vbErr::IntegrityViolation;
-        QTest::newRow("statement_timeout") << "57014"
-                                           << "canceling statement" << vbErr::QueryTimeout;
-        QTest::newRow("lock not available") << "55P03"
-                                            << "could not obtain lock" << vbErr::QueryTimeout;
-        QTest::newRow("unknown column") << "42703"
-                                        << "column does not exist" << vbErr::SyntaxError;
-        QTest::newRow("query canceled text, other state")
-            << "42601"
-            << "connection to server syntax" << vbErr::SyntaxError;
+        const struct {
+            const char *name, *state, *text;
+            int number;
+        } rows[] = {
+            {"refused", "08001", "could not connect", vbErr::ConnectionFailure},
+            {"password", "28P01", "password authentication failed", vbErr::ConnectionFailure},
+            {"no such database", "3D000", "database \"Norvik\" does not exist", vbErr::ConnectionFailure},
+            {"server shut down", "57P01", "terminating connection", vbErr::ConnectionFailure},
+            {"socket gone, no state", "", "server closed the connection unexpectedly",
+             vbErr::ConnectionFailure},
+            {"unique (class 23)", "23505", "duplicate key", vbErr::IntegrityViolation},
+            {"statement_timeout", "57014", "canceling statement", vbErr::QueryTimeout},
+            {"lock not available", "55P03", "could not obtain lock", vbErr::QueryTimeout},
+            {"unknown column", "42703", "column does not exist", vbErr::SyntaxError},
+            {"query canceled text, other state", "42601", "connection to server syntax", vbErr::SyntaxError},
+        };
+        for (const auto& r : rows)
+            QTest::newRow(r.name) << QString(r.state) << QString(r.text) << r.number;
     }
     void errorNumbers() {
         QFETCH(QString, state);
         QFETCH(QString, text);
         QFETCH(int, number);
-        const QSqlError error(QStringLiteral("QPSQL: Unable to create query"), text,
-                              QSqlError::StatementError, state);
+        const QSqlError error("QPSQL: Unable to create query", text, QSqlError::StatementError, state);
         QCOMPARE(errorNumberOf(Dialect::PostgreSQL, error), number);
     }
 };

@@ -24,44 +24,38 @@ private slots:
 
     // The first start made every key; a second one only asks the catalogue, and says nothing.
     void upgradeOnceThenOnlyTests() {
-        QCOMPARE(consultar(QStringLiteral(
-                               "SELECT string_agg(constraint_type || ':' || constraint_name, ' ' ORDER BY "
-                               "constraint_type, constraint_name) FROM information_schema.table_constraints "
-                               "WHERE table_schema = current_schema() AND constraint_type IN ('PRIMARY KEY', "
-                               "'FOREIGN KEY') AND table_name IN ('tb_comandas', 'tb_comandas_itens', "
-                               "'tb_comandas_recebimentos', 'clientes', 'tb_colaborador')"))
-                     .toString(),
-                 QStringLiteral(
-                     "FOREIGN KEY:fk_tb_comandas_clientes FOREIGN KEY:fk_tb_comandas_itens_tb_colaborador "
-                     "FOREIGN KEY:fk_tb_comandas_itens_tb_colaborador1 FOREIGN "
-                     "KEY:fk_tb_comandas_itens_tb_comandas "
-                     "FOREIGN KEY:fk_tb_comandas_itens_tb_comandas1 "
-                     "FOREIGN KEY:fk_tb_comandas_recebimentos_tb_colaborador "
-                     "FOREIGN KEY:fk_tb_comandas_recebimentos_tb_colaborador1 "
-                     "FOREIGN KEY:fk_tb_comandas_recebimentos_tb_comandas FOREIGN "
-                     "KEY:fk_tb_comandas_tb_colaborador "
-                     "FOREIGN KEY:fk_tb_comandas_tb_colaborador1 PRIMARY KEY:pk_clientes PRIMARY "
-                     "KEY:pk_tb_colaborador "
-                     "PRIMARY KEY:pk_tb_comandas PRIMARY KEY:pk_tb_comandas_itens PRIMARY "
-                     "KEY:pk_tb_comandas_recebimentos"));
+        const QString chaves =
+            consultar(
+                "SELECT string_agg(left(constraint_type, 1) || ':' || constraint_name, ' ' ORDER BY "
+                "constraint_type, constraint_name) FROM information_schema.table_constraints WHERE "
+                "table_schema = current_schema() AND constraint_type IN ('PRIMARY KEY', 'FOREIGN KEY') AND "
+                "table_name IN ('tb_comandas', 'tb_comandas_itens', 'tb_comandas_recebimentos', 'clientes', "
+                "'tb_colaborador')")
+                .toString();
+        QCOMPARE(chaves,
+                 "F:fk_tb_comandas_clientes F:fk_tb_comandas_itens_tb_colaborador "
+                 "F:fk_tb_comandas_itens_tb_colaborador1 F:fk_tb_comandas_itens_tb_comandas "
+                 "F:fk_tb_comandas_itens_tb_comandas1 F:fk_tb_comandas_recebimentos_tb_colaborador "
+                 "F:fk_tb_comandas_recebimentos_tb_colaborador1 F:fk_tb_comandas_recebimentos_tb_comandas "
+                 "F:fk_tb_comandas_tb_colaborador F:fk_tb_comandas_tb_colaborador1 P:pk_clientes "
+                 "P:pk_tb_colaborador P:pk_tb_comandas P:pk_tb_comandas_itens P:pk_tb_comandas_recebimentos");
         QStringList enviados;
         setStatementObserver([&](const QString& sql) { enviados << sql; });
         atualizarBanco();
         setStatementObserver(nullptr);
         QVERIFY(boxes().isEmpty());
         QCOMPARE(enviados.size(), 24);
-        QCOMPARE(enviados.filter(QStringLiteral("SELECT COUNT(*) FROM ")).size(), 24);
-        QCOMPARE(
-            consultar(QStringLiteral("SELECT string_agg(indexname, ' ' ORDER BY indexname) FROM pg_indexes "
-                                     "WHERE schemaname = current_schema() AND indexname LIKE 'ix_%'"))
-                .toString(),
-            QStringLiteral("ix_tb_comandas_abertas ix_tb_comandas_itens_id_comanda "
-                           "ix_tb_comandas_recebimentos_id_comanda"));
+        QCOMPARE(enviados.filter("SELECT COUNT(*) FROM ").size(), 24);
+        const QString indices = consultar("SELECT string_agg(indexname, ' ' ORDER BY indexname) FROM "
+                                          "pg_indexes WHERE schemaname = current_schema() AND indexname "
+                                          "LIKE 'ix_%'")
+                                    .toString();
+        QCOMPARE(indices, "ix_tb_comandas_abertas ix_tb_comandas_itens_id_comanda "
+                          "ix_tb_comandas_recebimentos_id_comanda");
     }
 
-    // A row made through the copy comes back with its identity and its values as the program
-    // holds them (bit as bool, datetime as QDateTime), and a copy that another terminal overtook
-    // can't write.
+    // A row made through the copy comes back with its identity and its values in the program's types,
+    // and a copy that another terminal overtook can't write.
     void copyThroughTheServersTypes_data() {
         QTest::addColumn<QString>("column");
         QTest::addColumn<QVariant>("value");
@@ -80,16 +74,16 @@ private slots:
         cn.Open(conexaoLocal);
         Recordset rs = cn.Execute(QStringLiteral("SELECT * FROM Tb_Comandas WHERE mesa = 3"));
         rs.AddNew();
-        const QDateTime agora = testMoment();
-        const QStringList obrigatorias = {"data_criacao", "data_ultima_movimentacao"};
-        for (const QString& data : obrigatorias)
-            rs.Fields(data).setValue(agora);
-        rs.Fields(QStringLiteral("status")).setValue(1);
-        rs.Fields(QStringLiteral("mesa")).setValue(3);
-        rs.Fields(QStringLiteral("id_colaborador")).setValue(2);
-        rs.Fields(QStringLiteral("servico")).setValue(true);
-        rs.Fields(QStringLiteral("valor_servico")).setValue(0);
-        rs.Fields(QStringLiteral("valor_total")).setValue(0);
+        const QVariantMap obrigatorias{{"data_criacao", testMoment()},
+                                       {"data_ultima_movimentacao", testMoment()},
+                                       {"status", 1},
+                                       {"mesa", 3},
+                                       {"id_colaborador", 2},
+                                       {"servico", true},
+                                       {"valor_servico", 0},
+                                       {"valor_total", 0}};
+        for (auto it = obrigatorias.cbegin(); it != obrigatorias.cend(); ++it)
+            rs.Fields(it.key()).setValue(it.value());
         rs.Fields(column).setValue(value);
         rs.Update();
         QCOMPARE(rs.Fields(QStringLiteral("id_comanda")).Value().toInt(), antes + 1);
@@ -100,7 +94,6 @@ private slots:
         QCOMPARE(lido.Fields(column).Value(), value);
         QCOMPARE(lido.Fields(column).Value().typeId(), value.typeId());
 
-        // Another terminal moves the row on: the first copy's write misses it.
         executar(
             QStringLiteral("UPDATE Tb_Comandas SET %1 = %1 WHERE id_comanda = %2; UPDATE Tb_Comandas SET "
                            "status = 2 WHERE id_comanda = %2")
@@ -113,8 +106,7 @@ private slots:
         QCOMPARE(raisedBy([&] { lido.Update(); }).Number, 0);
     }
 
-    // The command time-out is the session's statement_timeout: a statement past it is cancelled
-    // and reported as ADO reports a time-out, and the connection serves the next one.
+    // A statement past the command time-out is cancelled as a time-out; the connection serves the next.
     void statementTimeout() {
         Connection cn;
         cn.CommandTimeout = 1;
