@@ -85,7 +85,6 @@ public:
 };
 
 DataGrid::DataGrid(QWidget* parent) : QTableView(parent), m_model(new RecordsetModel(this)) {
-    setModel(m_model);
     setSelectionBehavior(QAbstractItemView::SelectRows);
     setSelectionMode(QAbstractItemView::SingleSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -93,37 +92,81 @@ DataGrid::DataGrid(QWidget* parent) : QTableView(parent), m_model(new RecordsetM
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     horizontalHeader()->setSectionsClickable(true);
     horizontalHeader()->setStretchLastSection(true);
-    connect(selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+}
+
+DataGrid::~DataGrid() = default;
+
+void DataGrid::bindView() {
+    if (QTableView::model() == m_model)
+        return;
+    setModel(m_model);
+    applyWidths();
+    connect(QTableView::selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             guarded([this](const QModelIndex& atual) {
                 Recordset* rs = m_model->recordset;
                 if (atual.isValid() && rs && rs->AbsolutePosition() != atual.row() + 1)
                     rs->setAbsolutePosition(atual.row() + 1);
             }));
+    if (m_selectCurrent)
+        selectCurrent();
+    m_selectCurrent = false;
 }
 
-DataGrid::~DataGrid() = default;
+QAbstractItemModel* DataGrid::model() const {
+    const_cast<DataGrid*>(this)->bindView();
+    return m_model;
+}
+
+QItemSelectionModel* DataGrid::selectionModel() const {
+    const_cast<DataGrid*>(this)->bindView();
+    return QTableView::selectionModel();
+}
+
+QModelIndex DataGrid::currentIndex() const {
+    const_cast<DataGrid*>(this)->bindView();
+    return QTableView::currentIndex();
+}
 
 void DataGrid::setColumns(const QList<Column>& columns) {
     m_model->columns = columns;
     for (Column& c : m_model->columns)
         c.format = patternFromLocale(c.format);
     m_model->bind(m_model->recordset);
+    m_selectCurrent = false;
+    if (QTableView::model() == m_model)
+        applyWidths();
+}
+
+void DataGrid::applyWidths() {
+    for (int i = 0; i < m_model->columns.size(); ++i)
+        if (m_model->columns[i].width > 0)
+            horizontalHeader()->resizeSection(i, m_model->columns[i].width);
 }
 
 void DataGrid::setDataSource(Recordset& recordset) {
     m_model->bind(&recordset);
+    m_selectCurrent = false;
 }
 
 void DataGrid::removeSelBookmark() {
+    m_selectCurrent = false;
     clearSelection();
 }
 
 void DataGrid::addCurrentBookmark() {
+    if (QTableView::model() == m_model)
+        selectCurrent();
+    else
+        m_selectCurrent = true;
+}
+
+void DataGrid::selectCurrent() {
     Recordset* rs = m_model->recordset;
     if (!rs || rs->AbsolutePosition() == 0)
         return;
     const QModelIndex linha = m_model->index(rs->AbsolutePosition() - 1, 0);
-    selectionModel()->setCurrentIndex(linha, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    QTableView::selectionModel()->setCurrentIndex(linha, QItemSelectionModel::ClearAndSelect |
+                                                             QItemSelectionModel::Rows);
     scrollTo(linha);
 }
 
@@ -131,4 +174,9 @@ void DataGrid::mouseDoubleClickEvent(QMouseEvent* event) {
     QTableView::mouseDoubleClickEvent(event);
     if (indexAt(event->position().toPoint()).isValid())
         emit DblClick();
+}
+
+void DataGrid::showEvent(QShowEvent* event) {
+    bindView();
+    QTableView::showEvent(event);
 }

@@ -28,8 +28,12 @@ const QString kOdbcLibrary = QStringLiteral("odbc32");
 const QString kOdbcLibrary = QStringLiteral("libodbc.so.2");
 #endif
 
-// Connection-string keywords by lower-case name; ADO's synonyms folded onto one name each.
-QHash<QString, QString> adoKeywords(const QString& connectionString) {
+// Connection-string keywords by lower-case name; ADO's synonyms folded onto one name each. Every
+// statement asks, so each string is read once per thread.
+const QHash<QString, QString>& adoKeywords(const QString& connectionString) {
+    thread_local QHash<QString, QHash<QString, QString>> read;
+    if (const auto found = read.constFind(connectionString); found != read.cend())
+        return *found;
     static const QHash<QString, QString> synonyms = {
         {QStringLiteral("data source"), QStringLiteral("server")},
         {QStringLiteral("address"), QStringLiteral("server")},
@@ -46,7 +50,7 @@ QHash<QString, QString> adoKeywords(const QString& connectionString) {
         const QString key = part.left(eq).trimmed().toLower();
         keywords.insert(synonyms.value(key, key), part.mid(eq + 1).trimmed());
     }
-    return keywords;
+    return *read.insert(connectionString, keywords);
 }
 
 // An ODBC attribute value in braces when it holds characters that would end or split it.
@@ -60,8 +64,9 @@ QString odbcValue(const QString& value) {
 }
 
 // Pooled connections are named after the thread and the connection string.
-QString poolPrefix() {
-    return QStringLiteral("zarvel|%1|").arg(quintptr(QThread::currentThread()));
+const QString& poolPrefix() {
+    thread_local const QString prefix = QStringLiteral("zarvel|%1|").arg(quintptr(QThread::currentThread()));
+    return prefix;
 }
 
 thread_local QHash<QString, QHash<QString, TableInfo>> t_tables; // by pooled connection name
@@ -232,7 +237,7 @@ PostgresAddress postgresAddressOf(const QString& connectionString) {
 }
 
 QString odbcConnectionString(const QString& connectionString) {
-    const QHash<QString, QString> ado = adoKeywords(connectionString);
+    const QHash<QString, QString>& ado = adoKeywords(connectionString);
     QString server = ado.value(QStringLiteral("server"));
     QString port;
     // "host,port" is SQL Server's own spelling of a port; a named instance finds its port itself.
@@ -302,7 +307,7 @@ QSqlDatabase pooledDatabase(const QString& connectionString, int connectionTimeo
         db.setConnectOptions(QStringLiteral("QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=%1")
                                  .arg(busyWaitMs(connectionTimeoutSeconds)));
     } else if (dialect == Dialect::PostgreSQL) {
-        const QHash<QString, QString> ado = adoKeywords(connectionString);
+        const QHash<QString, QString>& ado = adoKeywords(connectionString);
         const PostgresAddress address = postgresAddressOf(connectionString);
         db = QSqlDatabase::addDatabase(QStringLiteral("QPSQL"), name);
         db.setHostName(address.host);
@@ -360,7 +365,7 @@ void closePooledDatabases() {
             finish();
     t_lentReaders.clear();
     t_idleReaders.clear();
-    const QString prefix = poolPrefix();
+    const QString& prefix = poolPrefix();
     const QStringList names = QSqlDatabase::connectionNames();
     for (const QString& name : names) {
         if (name.startsWith(prefix)) {

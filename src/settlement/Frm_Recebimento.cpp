@@ -14,7 +14,6 @@
 #include <QCursor>
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -154,11 +153,10 @@ Frm_Recebimento::Frm_Recebimento() {
     // Disabled until it has a payment to show.
     Dtg_Recebimentos = named(new DataGrid(this), "Dtg_Recebimentos");
     Dtg_Recebimentos->setColumns(
-        {{QStringLiteral("FINALIZADORA"), QStringLiteral("finalizadora"), QString()},
-         {QStringLiteral("VALOR"), QStringLiteral("valor_recebimento"), QStringLiteral("\"R$\" #.##0,00")},
+        {{QStringLiteral("FINALIZADORA"), QStringLiteral("finalizadora"), QString(), 200},
+         {QStringLiteral("VALOR"), QStringLiteral("valor_recebimento"), QStringLiteral("\"R$\" #.##0,00"),
+          160},
          {QStringLiteral("DATA"), QStringLiteral("data"), QString()}});
-    Dtg_Recebimentos->horizontalHeader()->resizeSection(0, 200);
-    Dtg_Recebimentos->horizontalHeader()->resizeSection(1, 160);
     Dtg_Recebimentos->setEnabled(false);
     Dtg_Recebimentos->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(Dtg_Recebimentos, &QWidget::customContextMenuRequested, this,

@@ -8,7 +8,6 @@
 #include "table/Frm_Mesa.h"
 #include "table/rotinasGerais.h"
 
-#include <QHeaderView>
 #include <QLineEdit>
 
 Frm_Produtos::Frm_Produtos()
@@ -17,15 +16,12 @@ Frm_Produtos::Frm_Produtos()
           "Dtg_Produtos", "Ado_Produtos",
           QStringLiteral("SELECT P.CODIGO, P.DESCRICAO, E.QD, P.UN, P.PRECO FROM PRODUTOS P INNER JOIN "
                          "TB_ESTOQUE E ON E.CODIGO = P.CODIGO"),
-          {{QStringLiteral("CÓDIGO"), QStringLiteral("CODIGO"), QStringLiteral("#0000000000000")},
-           {QStringLiteral("DESCRIÇÃO"), QStringLiteral("DESCRICAO"), QString()},
-           {QStringLiteral("UN"), QStringLiteral("UN"), QString()},
+          {{QStringLiteral("CÓDIGO"), QStringLiteral("CODIGO"), QStringLiteral("#0000000000000"), 130},
+           {QStringLiteral("DESCRIÇÃO"), QStringLiteral("DESCRICAO"), QString(), 360},
+           {QStringLiteral("UN"), QStringLiteral("UN"), QString(), 50},
            {QStringLiteral("VALOR UNITÁRIO"), QStringLiteral("PRECO"), QStringLiteral("\"R$\" #.##0,00")}}) {
     Dtg_Produtos = m_grade;
     Ado_Produtos = m_ado;
-    Dtg_Produtos->horizontalHeader()->resizeSection(0, 130);
-    Dtg_Produtos->horizontalHeader()->resizeSection(1, 360);
-    Dtg_Produtos->horizontalHeader()->resizeSection(2, 50);
     // A click on a column head reads it and does nothing: the rows are not sorted.
     onKeyPress(Text_filtro, &Frm_Produtos::Text_filtro_KeyPress);
     connect(Text_filtro, &QLineEdit::textChanged, this, guarded([this] { Text_filtro_Change(); }));
