@@ -9,6 +9,7 @@
 #include "table/Frm_Mesa.h"
 #include "table/Frm_Produtos.h"
 
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QTest>
 #include <QTreeWidget>
@@ -53,6 +54,9 @@ private slots:
             QTest::keyClicks(f.Text_Codigo, QStringLiteral("2*"));
             onNextModal<Frm_Produtos>([&](Frm_Produtos* p) {
                 QCOMPARE(linhas(p->Dtg_Produtos, 1).size(), 3);
+                // The grid bound when shown: the first row selected, the columns at their widths.
+                QCOMPARE(p->Dtg_Produtos->currentIndex().row(), 0);
+                QCOMPARE(p->Dtg_Produtos->horizontalHeader()->sectionSize(1), 360);
                 QTest::keyClicks(p->Text_filtro, filtro);
                 QCOMPARE(p->Text_filtro->text(), filtro.toUpper());
                 vistos = linhas(p->Dtg_Produtos, 1);
