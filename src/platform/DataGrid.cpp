@@ -96,8 +96,12 @@ DataGrid::DataGrid(QWidget* parent) : QTableView(parent), m_model(new RecordsetM
 
 DataGrid::~DataGrid() = default;
 
+bool DataGrid::isBound() const {
+    return QTableView::model() == m_model;
+}
+
 void DataGrid::bindView() {
-    if (QTableView::model() == m_model)
+    if (isBound())
         return;
     setModel(m_model);
     applyWidths();
@@ -133,7 +137,7 @@ void DataGrid::setColumns(const QList<Column>& columns) {
         c.format = patternFromLocale(c.format);
     m_model->bind(m_model->recordset);
     m_selectCurrent = false;
-    if (QTableView::model() == m_model)
+    if (isBound())
         applyWidths();
 }
 
@@ -154,7 +158,7 @@ void DataGrid::removeSelBookmark() {
 }
 
 void DataGrid::addCurrentBookmark() {
-    if (QTableView::model() == m_model)
+    if (isBound())
         selectCurrent();
     else
         m_selectCurrent = true;

@@ -49,6 +49,7 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
+    bool isBound() const;
     void bindView();
     void applyWidths();
     void selectCurrent();
